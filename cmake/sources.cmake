@@ -1,0 +1,15 @@
+# The source files, by folder; a new file is taken up by the next build.
+function(collect_sources result)
+  list(TRANSFORM ARGN PREPEND "${PROJECT_SOURCE_DIR}/")
+  list(TRANSFORM ARGN APPEND "/*.cpp")
+  file(GLOB_RECURSE files CONFIGURE_DEPENDS ${ARGN})
+  set(${result} ${files} PARENT_SCOPE)
+endfunction()
+
+collect_sources(module_sources binding classes render geometry image value module)
+collect_sources(host_sources devhost)
+list(REMOVE_ITEM host_sources "${PROJECT_SOURCE_DIR}/devhost/talq_main.cpp")
+if(NOT WIN32)
+  list(FILTER host_sources EXCLUDE REGEX "_windows\\.cpp$|/module_loader\\.cpp$")
+endif()
+set(program_sources "${PROJECT_SOURCE_DIR}/devhost/talq_main.cpp")

@@ -1,0 +1,51 @@
+# TalqOpenGL.dll, and the development host: Talq.dll with the program talq.exe.
+# Target names differ by more than case, because project files on Windows are named after them.
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}")
+
+if(TALQ_MSVC_ABI_CROSS)
+  add_library(crt_support STATIC cmake/crt-support.cpp cmake/crt-string.cpp)
+  target_link_libraries(project_options INTERFACE crt_support)
+endif()
+
+# The module is linked with the host's names alone, so that it builds without any host.
+if(TALQ_IMPORT_LIBRARY)
+  set(host_library "${TALQ_IMPORT_LIBRARY}")
+else()
+  set(host_library "${CMAKE_BINARY_DIR}/host-names/Talq.lib")
+  set(host_names "${PROJECT_SOURCE_DIR}/host/talq.def")
+  file(MAKE_DIRECTORY "${CMAKE_BINARY_DIR}/host-names")
+  if(TALQ_MSVC_ABI_CROSS)
+    set(make_library x86_64-w64-mingw32-dlltool -m i386:x86-64 -d "${host_names}" -l "${host_library}")
+  else()
+    set(make_library "${CMAKE_AR}" /nologo /machine:x64 "/def:${host_names}" "/out:${host_library}")
+  endif()
+  add_custom_command(OUTPUT "${host_library}" COMMAND ${make_library} DEPENDS "${host_names}" VERBATIM)
+endif()
+add_custom_target(host_names DEPENDS "${host_library}")
+
+add_library(talq_module SHARED ${module_sources} module/talqopengl.def)
+set_target_properties(talq_module PROPERTIES OUTPUT_NAME TalqOpenGL LINK_DEPENDS "${host_library}")
+target_link_libraries(talq_module PRIVATE project_options "${host_library}" opengl32 glu32 gdi32)
+add_dependencies(talq_module host_names)
+if(TALQ_MSVC_ABI_CROSS)
+  # The C runtime's own printf serves the module's few texts; MinGW's would make the DLL a fifth larger.
+  target_compile_definitions(talq_module PRIVATE __USE_MINGW_ANSI_STDIO=0)
+endif()
+
+# The development host exports what modules import, and the program's main function.
+file(READ host/talq.def host_exports)
+file(GENERATE OUTPUT talq-host.def CONTENT "${host_exports}  TalqMain\n")
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS host/talq.def)
+add_library(talq_host SHARED ${host_sources} "${CMAKE_CURRENT_BINARY_DIR}/talq-host.def")
+set_target_properties(talq_host PROPERTIES OUTPUT_NAME Talq)
+target_compile_definitions(talq_host PRIVATE TALQ_HOST_BUILD)
+target_include_directories(talq_host SYSTEM PRIVATE "${STB_INCLUDE_DIR}")
+target_link_libraries(talq_host PRIVATE project_options gdi32 user32)
+
+add_executable(talq_program ${program_sources})
+set_target_properties(talq_program PROPERTIES OUTPUT_NAME talq PDB_NAME talq_program)
+target_link_libraries(talq_program PRIVATE project_options talq_host)
+
+# What the tests run beside talq: how much memory the driver itself keeps of contexts that are gone.
+add_executable(driver_growth tests/contexts/driver_growth.cpp)
+target_link_libraries(driver_growth PRIVATE project_options opengl32 gdi32)

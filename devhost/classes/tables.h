@@ -1,0 +1,49 @@
+// The method tables of the host's own classes and functions, and what their handlers share.
+#pragma once
+
+#include "devhost/access.h"
+#include "devhost/payload.h"
+#include "devhost/runtime.h"
+#include "host/talq.h"
+
+namespace devhost {
+
+extern const MethodEntry kVectorMethods[];
+extern const MethodEntry kStringMethods[];
+extern const MethodEntry kPointMethods[];
+extern const MethodEntry kRectangleMethods[];
+extern const MethodEntry kColorRefMethods[];
+extern const MethodEntry kMatrixMethods[];
+extern const MethodEntry kBitmapMethods[];
+extern const MethodEntry kMeshMethods[];
+extern const MethodEntry kDeviceMethods[];  // on Windows alone
+
+extern const MethodEntry kMathematicsFunctions[];
+extern const MethodEntry kTextFunctions[];
+extern const MethodEntry kFileFunctions[];
+extern const MethodEntry kProcessFunctions[];
+
+// The script object of a handler's call.
+inline Variable& Self(VarRegister* args, int argc) { return args[argc - 1]; }
+
+// A number argument in full precision.
+inline double Number(VarRegister& argument) { return argument.GetVar(); }
+
+// The native object of a handler's call; null with an error raised when the script object has none.
+template <typename T>
+T* NativeSelf(VarRegister* args, int argc, const char* className) {
+  auto* native = static_cast<T*>(static_cast<TalqAss*>(args[argc - 1].GetAssID()));
+  if (!native) TalqError(kErrorNoNativeObject, const_cast<char*>(className));
+  return native;
+}
+
+// What a destructor row does: breaks the join and deletes the native object, if there is one.
+template <typename T>
+void DestroyNative(VarRegister&, VarRegister* args, int argc, Processor*) {
+  auto* native = static_cast<T*>(static_cast<TalqAss*>(args[argc - 1].GetAssID()));
+  if (!native) return;
+  native->BreakJoint();
+  delete native;
+}
+
+}  // namespace devhost

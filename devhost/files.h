@@ -1,0 +1,13 @@
+// Whole files.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace devhost {
+
+// Each returns false with kErrorFile raised, the file named, when it fails.
+bool ReadFile(const std::string& path, std::string& content);
+bool WriteFile(const std::string& path, std::string_view content);
+
+}  // namespace devhost

@@ -1,0 +1,77 @@
+#include "devhost/script/builtins.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <string>
+
+namespace devhost::script {
+namespace {
+
+constexpr std::size_t kAnyNumber = static_cast<std::size_t>(-1);
+
+bool Print(Variable&, std::span<Variable> args, std::string_view) {
+  std::string line;
+  for (const Variable& arg : args) {
+    if (&arg != args.data()) line += ' ';
+    line += TextOf(arg);
+  }
+  line += '\n';
+  std::fwrite(line.data(), 1, line.size(), stdout);
+  return PendingError() == nullptr;
+}
+
+bool Assert(Variable&, std::span<Variable> args, std::string_view source) {
+  if (IsTrue(args[0])) return true;
+  std::string text = "Assertion failed: " + std::string(source);
+  if (args.size() > 1) text += " (" + TextOf(args[1]) + ")";
+  Raise(kErrorAssertion, std::move(text));
+  return false;
+}
+
+bool Fail(Variable&, std::span<Variable> args, std::string_view) {
+  Raise(kErrorFailed, TextOf(args[0]));
+  return false;
+}
+
+bool RaiseCode(Variable&, std::span<Variable> args, std::string_view) {
+  const int code = static_cast<int>(args[0]);
+  if (PendingError() == nullptr) Raise(code, TextOf(args[1]));
+  return false;
+}
+
+bool NameOfError(Variable& result, std::span<Variable> args, std::string_view) {
+  const int code = static_cast<int>(args[0]);
+  AssignText(result, ErrorName(code));
+  return PendingError() == nullptr;
+}
+
+bool TypeOf(Variable& result, std::span<Variable> args, std::string_view) {
+  AssignText(result, KindOf(args[0]));
+  return true;
+}
+
+constexpr Builtin kBuiltins[] = {
+    {"Print(value, ...)", "Print", 0, kAnyNumber, Print},
+    {"Assert(condition[, message])", "Assert", 1, 2, Assert},
+    {"Fail(text)", "Fail", 1, 1, Fail},
+    {"Raise(code, text)", "Raise", 2, 2, RaiseCode},
+    {"ErrorName(code)", "ErrorName", 1, 1, NameOfError},
+    {"TypeOf(value)", "TypeOf", 1, 1, TypeOf},
+};
+
+}  // namespace
+
+const Builtin* FindBuiltin(std::string_view name) {
+  const auto found = std::find_if(std::begin(kBuiltins), std::end(kBuiltins),
+                                  [name](const Builtin& builtin) { return builtin.name == name; });
+  return found != std::end(kBuiltins) ? found : nullptr;
+}
+
+bool CallBuiltin(const Builtin& builtin, Variable& result, std::span<Variable> args, std::string_view source) {
+  if (args.size() >= builtin.fewest && args.size() <= builtin.most) return builtin.call(result, args, source);
+  Raise(kErrorNoOverload,
+        std::string(builtin.name) + " takes other arguments: " + std::string(builtin.signature) + ".");
+  return false;
+}
+
+}  // namespace devhost::script

@@ -1,0 +1,26 @@
+// The functions of the language itself: Print, Assert, Fail, Raise, ErrorName, TypeOf.
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "devhost/runtime.h"
+
+namespace devhost::script {
+
+struct Builtin {
+  std::string_view signature;  // for messages: "Assert(condition, message)"
+  std::string_view name;
+  std::size_t fewest;  // arguments
+  std::size_t most;
+  // `source` is the first argument as the script writes it. False with an error raised.
+  bool (*call)(Variable& result, std::span<Variable> args, std::string_view source);
+};
+
+// Null for a name that is none of them.
+const Builtin* FindBuiltin(std::string_view name);
+
+// Checks the number of the arguments, then calls.
+bool CallBuiltin(const Builtin& builtin, Variable& result, std::span<Variable> args, std::string_view source);
+
+}  // namespace devhost::script

@@ -1,0 +1,89 @@
+#include "devhost/script/command_line.h"
+
+#include <string_view>
+
+namespace devhost::script {
+
+const char* const kUsage =
+    "usage: talq [option...] script [argument...]\n"
+    "       talq [option...] -e 'statements' [argument...]\n"
+    "       talq [option...] --list\n"
+    "\n"
+    "Runs a Talq script; its arguments are what its first statement, 'param', names.\n"
+    "\n"
+    "  -e 'statements'  run these statements\n"
+    "  --list           show the module's version, methods and errors\n"
+    "  --module PATH    load this module (else: TalqOpenGL.dll beside the program)\n"
+    "  --no-module      load no module\n"
+    "  --module-arithmetic\n"
+    "                   compute two numbers of one type with what the module exports\n"
+    "  --help           show this text\n"
+    "\n"
+    "The exit code is 0, 1 after an error, or 2 when the command line is not understood.\n";
+
+namespace {
+
+// Reads an option that stands alone; false for any other word.
+bool ReadSwitch(std::string_view argument, CommandLine& commandLine) {
+  if (argument == "--list") {
+    commandLine.action = CommandLine::Action::List;
+  } else if (argument == "--no-module") {
+    commandLine.usesModule = false;
+  } else if (argument == "--module-arithmetic") {
+    commandLine.moduleArithmetic = true;
+  } else {
+    return false;
+  }
+  return true;
+}
+
+// Whether the options go together; says in the message which do not.
+bool Fits(const CommandLine& commandLine, std::string& message) {
+  if (commandLine.usesModule) return true;
+  if (commandLine.action == CommandLine::Action::List) message = "--list and --no-module exclude each other";
+  if (commandLine.moduleArithmetic) message = "--module-arithmetic and --no-module exclude each other";
+  return message.empty();
+}
+
+}  // namespace
+
+bool ReadCommandLine(std::span<char*> arguments, CommandLine& commandLine, std::string& message) {
+  using Action = CommandLine::Action;
+  for (std::size_t i = 0; i < arguments.size(); ++i) {
+    const std::string_view argument = arguments[i];
+    const bool isLast = i + 1 == arguments.size();
+    if (argument == "--help" || argument == "-h") {
+      commandLine.action = Action::Help;
+      return true;
+    }
+    if (ReadSwitch(argument, commandLine)) continue;
+    if ((argument == "--module" || argument == "-e") && isLast) {
+      message = std::string(argument) + (argument == "-e" ? " needs statements" : " needs a path");
+      return false;
+    }
+    if (argument == "--module") {
+      commandLine.module = arguments[++i];
+      continue;
+    }
+    if (argument.size() > 1 && argument[0] == '-' && argument != "-e") {
+      message = "unknown option " + std::string(argument);
+      return false;
+    }
+    if (commandLine.action == Action::List) {
+      message = "--list takes no script";
+      return false;
+    }
+    if (argument == "-e") {
+      commandLine.action = Action::RunText;
+      ++i;
+    }
+    commandLine.script = arguments[i];
+    commandLine.args = arguments.subspan(i + 1);
+    return Fits(commandLine, message);
+  }
+  if (commandLine.action == Action::List) return Fits(commandLine, message);
+  message = "no script is given";
+  return false;
+}
+
+}  // namespace devhost::script

@@ -1,0 +1,25 @@
+// What the program talq is asked to do.
+#pragma once
+
+#include <span>
+#include <string>
+
+namespace devhost::script {
+
+struct CommandLine {
+  enum class Action { Help, List, RunFile, RunText };
+
+  Action action = Action::RunFile;
+  std::string script;     // the file's path, or the statements of -e
+  std::span<char*> args;  // of the script
+  std::string module;     // path; empty: TalqOpenGL.dll beside the program
+  bool usesModule = true;
+  bool moduleArithmetic = false;
+};
+
+extern const char* const kUsage;
+
+// False with a one-line message when the arguments (without the program's name) make no command.
+bool ReadCommandLine(std::span<char*> arguments, CommandLine& commandLine, std::string& message);
+
+}  // namespace devhost::script

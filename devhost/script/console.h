@@ -1,0 +1,14 @@
+// What differs between systems for a program in a console.
+#pragma once
+
+#include <string>
+
+namespace devhost::script {
+
+// Lines end with "\n" alone on every system.
+void PrepareConsole();
+
+// The folder of the running program, with a separator behind it; "" where it is unknown.
+std::string ProgramFolder();
+
+}  // namespace devhost::script

@@ -1,0 +1,13 @@
+// What `talq --list` shows.
+#pragma once
+
+#include <string>
+
+#include "devhost/runtime.h"
+
+namespace devhost::script {
+
+// The module's version text, its methods by class, and its errors with their codes and names.
+std::string DescribeModule(const Module& module);
+
+}  // namespace devhost::script

@@ -1,0 +1,13 @@
+// Names of script files.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace devhost::script {
+
+// The path that a file's text means by `path`: relative ones start at that file's folder. "." and ".." are worked out,
+// so that a file has one path however it is included.
+std::string ResolvePath(std::string_view includingFile, std::string_view path);
+
+}  // namespace devhost::script

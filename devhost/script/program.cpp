@@ -1,0 +1,99 @@
+#include "devhost/script/program.h"
+
+#include <cstdio>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "devhost/files.h"
+#include "devhost/runtime.h"
+#include "devhost/script/command_line.h"
+#include "devhost/script/console.h"
+#include "devhost/script/module_list.h"
+#include "devhost/script/parse.h"
+#include "devhost/script/script.h"
+#include "devhost/script/trace.h"
+
+namespace devhost::script {
+namespace {
+
+// Prints the message behind what the script has printed; false for the caller to return.
+bool Complain(const std::string& message) {
+  std::fflush(stdout);
+  std::fwrite(message.data(), 1, message.size(), stderr);
+  std::fflush(stderr);
+  return false;
+}
+
+// A script that cannot be read is told about where it is asked for, so the error is taken back.
+bool ReadScript(const std::string& path, std::string& text) {
+  if (ReadFile(path, text)) return true;
+  ClearError();
+  return false;
+}
+
+// The script's objects are gone when this returns.
+bool RunScript(const std::string& text, const std::string& name, std::span<char*> arguments) {
+  SyntaxError error;
+  const std::unique_ptr<Program> program = Parse(text, name, ReadScript, error);
+  if (program == nullptr) return Complain(Describe(error.at, "syntax error: " + error.message));
+  std::vector<Variable> args(arguments.size());
+  for (std::size_t i = 0; i < args.size(); ++i) AssignText(args[i], arguments[i]);
+  Variable result;
+  bool succeeded = false;
+  {
+    Script script(*program);
+    succeeded = script.Run(result, args) || Complain(CurrentTrace().Report());
+  }
+  // An object may have raised an error at its end.
+  if (succeeded && PendingError() != nullptr) return Complain(CurrentTrace().Report());
+  return succeeded;
+}
+
+bool RunCommand(const CommandLine& commandLine) {
+  const Module* module = nullptr;
+  if (commandLine.usesModule) {
+    const std::string path = commandLine.module.empty() ? ProgramFolder() + "TalqOpenGL.dll" : commandLine.module;
+    module = LoadModule(path);
+    if (module == nullptr || (commandLine.moduleArithmetic && !UseArithmeticOf(*module))) {
+      return Complain("talq: " + PendingError()->text + "\n");
+    }
+  }
+  if (module != nullptr && commandLine.action == CommandLine::Action::List) {
+    const std::string list = DescribeModule(*module);
+    std::fwrite(list.data(), 1, list.size(), stdout);
+    return true;
+  }
+  if (commandLine.action == CommandLine::Action::RunText) {
+    return RunScript(commandLine.script, "-e", commandLine.args);
+  }
+  std::string text;
+  if (!ReadScript(commandLine.script, text))
+    return Complain("talq: cannot read the script " + commandLine.script + "\n");
+  return RunScript(text, commandLine.script, commandLine.args);
+}
+
+}  // namespace
+}  // namespace devhost::script
+
+int TalqMain(int argc, char** argv) {
+  using namespace devhost::script;
+  PrepareConsole();
+  CommandLine commandLine;
+  std::string message;
+  const std::span<char*> arguments(argv, static_cast<std::size_t>(argc));
+  if (!ReadCommandLine(arguments.subspan(argc > 0 ? 1 : 0), commandLine, message)) {
+    Complain("talq: " + message + "; talq --help shows what there is\n");
+    return 2;
+  }
+  if (commandLine.action == CommandLine::Action::Help) {
+    std::fputs(kUsage, stdout);
+    std::fflush(stdout);
+    return 0;
+  }
+  devhost::RegisterHostClasses();
+  const bool succeeded = RunCommand(commandLine);
+  const int joinedObjects = devhost::UnloadModules();
+  std::fflush(stdout);
+  return succeeded && joinedObjects == 0 ? 0 : 1;
+}

@@ -1,0 +1,61 @@
+# Shared by ./run, ./test and the set-up scripts: where things lie, progress lines, and the Wine environment.
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+build=$root/build
+program_dir=$build/windows-cross
+logs=$build/logs
+mkdir -p "$logs"
+
+note() { echo "$*" >&2; }
+
+die() {
+  note "error: $*"
+  exit 1
+}
+
+# step TEXT LOG COMMAND...: runs a long command with its output in build/logs/LOG.log, and says what it is doing and how
+# long it took; with patience=N set, only when it takes more than N seconds. When it fails, shows the few lines that
+# matter and where the rest is.
+step() {
+  local text=$1 log=$logs/$2.log start=$SECONDS tick
+  shift 2
+  "$@" > "$log" 2>&1 &
+  for ((tick = 0; tick < ${patience:-0} * 20; tick++)); do
+    kill -0 $! 2> /dev/null || break
+    sleep 0.05
+  done
+  local shown=no
+  if [[ ${patience:-0} == 0 ]] || kill -0 $! 2> /dev/null; then
+    shown=yes
+    printf '%s ...' "$text" >&2
+  fi
+  if wait $!; then
+    [[ $shown == no ]] || note " done ($((SECONDS - start)) s)"
+    return 0
+  fi
+  [[ $shown == yes ]] || printf '%s ...' "$text" >&2
+  note ' failed'
+  {
+    grep -m 5 -A 2 --no-group-separator -E '(error|Error|FAILED|^E)( at |:)|undefined reference' "$log" || tail -n 5 "$log"
+  } | cut -c 1-200 | sed 's/^/  /' >&2
+  note "  (whole log: ${log#"$root"/})"
+  return 1
+}
+
+# Configures (once) and builds a CMake preset.
+build_preset() {
+  local preset=$1
+  [[ -f $build/$preset/build.ninja ]] || cmake --preset "$preset" -S "$root" || return 1
+  cmake --build "$build/$preset"
+}
+
+build_windows() {
+  patience=1 step 'building TalqOpenGL.dll, Talq.dll and talq.exe' windows-cross build_preset windows-cross || return 1
+  cmp -s "$build/glu32/glu32.dll" "$program_dir/glu32.dll" || cp "$build/glu32/glu32.dll" "$program_dir/"
+}
+
+# Wine takes the GLU beside the program, asks for no add-ons and opens no crash dialog. Runs with and without a display
+# use prefixes of their own: a Wine server that was started without a display cannot open windows.
+use_wine() {
+  export WINEPREFIX=$build/wine/$1 WINEDEBUG=-all WINEDLLOVERRIDES='mscoree=;mshtml=;winedbg.exe=;glu32=n'
+  wine=/usr/lib/wine/wine64
+}

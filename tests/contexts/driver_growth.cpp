@@ -1,0 +1,59 @@
+// Prints by how many bytes a process grows while the driver alone creates contexts on a memory bitmap, makes them
+// current and deletes them, after as many rounds of warming up as the script that is compared with it.
+// usage: driver_growth ROUNDS
+#include <windows.h>
+// psapi.h belongs behind windows.h.
+#include <psapi.h>
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+constexpr int kWarmUp = 200;
+
+long long PrivateBytes() {
+  PROCESS_MEMORY_COUNTERS counters{};
+  K32GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters);
+  return static_cast<long long>(counters.PagefileUsage);
+}
+
+HDC NewBitmapDevice() {
+  BITMAPINFO info{};
+  info.bmiHeader.biSize = sizeof info.bmiHeader;
+  info.bmiHeader.biWidth = 16;
+  info.bmiHeader.biHeight = 16;
+  info.bmiHeader.biPlanes = 1;
+  info.bmiHeader.biBitCount = 32;
+  HDC device = CreateCompatibleDC(nullptr);
+  void* bits = nullptr;
+  SelectObject(device, CreateDIBSection(device, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
+  return device;
+}
+
+void OpenAndClose(HDC device, int rounds) {
+  PIXELFORMATDESCRIPTOR descriptor{};
+  descriptor.nSize = sizeof descriptor;
+  descriptor.nVersion = 1;
+  descriptor.dwFlags = PFD_DRAW_TO_BITMAP | PFD_SUPPORT_GDI | PFD_SUPPORT_OPENGL;
+  descriptor.cColorBits = 24;
+  for (int i = 0; i < rounds; ++i) {
+    SetPixelFormat(device, ChoosePixelFormat(device, &descriptor), &descriptor);
+    HGLRC context = wglCreateContext(device);
+    wglMakeCurrent(device, context);
+    wglMakeCurrent(nullptr, nullptr);
+    wglDeleteContext(context);
+  }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 2) return 2;
+  HDC device = NewBitmapDevice();
+  OpenAndClose(device, kWarmUp);
+  const long long before = PrivateBytes();
+  OpenAndClose(device, std::atoi(argv[1]));
+  std::printf("%lld\n", PrivateBytes() - before);
+  return 0;
+}

@@ -1,0 +1,133 @@
+"""The fixtures that run scripts on the built module under Wine."""
+
+import dataclasses
+import os
+import pathlib
+import subprocess
+import tempfile
+
+import numpy
+import PIL.Image
+import pytest
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+PROGRAMS = ROOT / "build" / "windows-cross"
+WINE = "/usr/lib/wine/wine64"
+WINE_SERVER = "/usr/lib/wine/wineserver"
+TIME_LIMIT = 300  # seconds
+
+
+@dataclasses.dataclass
+class Run:
+    exit_code: int
+    stdout: str
+    stderr: str
+    pictures: dict  # arrays of height x width x 3 bytes (red, green, blue), by the file name without .png
+
+    def shown(self):
+        return f"exit code {self.exit_code}\n--- stdout\n{self.stdout}\n--- stderr\n{self.stderr}"
+
+
+def read_picture(path):
+    return numpy.asarray(PIL.Image.open(path).convert("RGB"))
+
+
+def wine_environment(display):
+    """The environment of a Wine program on the X display or, with None, headless; prefixes as ./run uses them."""
+    environment = {name: value for name, value in os.environ.items() if name != "DISPLAY"}
+    environment |= {
+        "WINEPREFIX": str(ROOT / "build" / "wine" / ("window" if display else "headless")),
+        "WINEDEBUG": "-all",
+        "WINEDLLOVERRIDES": "mscoree=;mshtml=;winedbg.exe=;glu32=n",
+    }
+    return environment | ({"DISPLAY": display} if display else {})
+
+
+def run_in_wine(program, arguments, folder, display=None):
+    """Runs a program of the Windows build with the arguments in the folder."""
+    # Files and not pipes: Wine's desktop keeps what it inherits open after the program has ended.
+    with tempfile.TemporaryFile() as stdout, tempfile.TemporaryFile() as stderr:
+        done = subprocess.run(
+            [WINE, PROGRAMS / program, *arguments],
+            cwd=folder,
+            env=wine_environment(display),
+            stdin=subprocess.DEVNULL,
+            stdout=stdout,
+            stderr=stderr,
+            timeout=TIME_LIMIT,
+        )
+        texts = [read_text(stdout), read_text(stderr)]
+    return Run(done.returncode, *texts, {path.stem: read_picture(path) for path in pathlib.Path(folder).rglob("*.png")})
+
+
+def read_text(file):
+    file.seek(0)
+    return file.read().decode().replace("\r\n", "\n")
+
+
+@pytest.fixture(scope="session")
+def display():
+    """A virtual X display that lives as long as the tests."""
+    read_end, write_end = os.pipe()
+    server = subprocess.Popen(
+        ["Xvfb", "-displayfd", str(write_end), "-screen", "0", "1024x768x24", "+extension", "GLX", "-nolisten", "tcp"],
+        pass_fds=[write_end],
+        stderr=subprocess.DEVNULL,
+    )
+    os.close(write_end)
+    with os.fdopen(read_end) as pipe:
+        number = pipe.readline().strip()
+    assert number, "Xvfb did not start"
+    yield f":{number}"
+    # Wine's desktop closes before its display does.
+    subprocess.run([WINE_SERVER, "-w"], env=wine_environment(f":{number}"))
+    server.terminate()
+    server.wait()
+
+
+@pytest.fixture
+def talq(request, tmp_path):
+    """talq(script, *arguments, window=False, options=()): runs a script, given as text or as a path, in a folder of
+    its own."""
+
+    def run(script, *arguments, window=False, options=()):
+        if isinstance(script, str):
+            path = tmp_path / "script.talq"
+            path.write_text(script)
+        else:
+            path = script
+        display = request.getfixturevalue("display") if window else None
+        return run_in_wine("talq.exe", [*options, path, *map(str, arguments)], tmp_path, display)
+
+    return run
+
+
+@pytest.fixture(scope="session")
+def run_talq_in():
+    """run_talq_in(folder, *arguments): runs talq.exe with the arguments in the folder."""
+    return lambda folder, *arguments: run_in_wine("talq.exe", arguments, folder)
+
+
+@pytest.fixture
+def talq_options(tmp_path):
+    """talq_options(*arguments): runs talq.exe with the arguments as they are, in a folder of its own."""
+    return lambda *arguments: run_in_wine("talq.exe", arguments, tmp_path)
+
+
+@pytest.fixture(scope="session")
+def run_program_in():
+    """run_program_in(folder, program): runs another program of the Windows build in the folder."""
+    return lambda folder, program: run_in_wine(program, [], folder)
+
+
+@pytest.fixture
+def run_program(tmp_path):
+    """run_program(program, *arguments): runs another program of the Windows build, in a folder of its own."""
+    return lambda program, *arguments: run_in_wine(program, map(str, arguments), tmp_path)
+
+
+def pytest_collection_modifyitems(items):
+    # One Wine prefix serves one display: all tests with windows go to the same worker.
+    for item in items:
+        if "window" in item.name:
+            item.add_marker(pytest.mark.xdist_group("window"))

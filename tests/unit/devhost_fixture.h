@@ -1,0 +1,68 @@
+// What the development host's tests share.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <initializer_list>
+#include <string>
+#include <vector>
+
+#include "devhost/access.h"
+#include "devhost/runtime.h"
+
+// A test on the host's runtime; it fails when an error is raised that it did not take.
+class DevhostTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    devhost::RegisterHostClasses();
+    devhost::ClearError();
+  }
+
+  void TearDown() override {
+    devhost::ClearScratch();
+    EXPECT_EQ(TakeError(), "");
+  }
+
+  // The pending error as "code text", which is then no longer pending; "" when there is none.
+  static std::string TakeError() {
+    const devhost::Error* error = devhost::PendingError();
+    const std::string text = error ? std::to_string(error->code) + " " + error->text : "";
+    devhost::ClearError();
+    return text;
+  }
+
+  static Variable Text(std::string_view text) {
+    Variable value;
+    devhost::AssignText(value, text);
+    return value;
+  }
+
+  static Variable Array(std::initializer_list<Variable> elements) {
+    Variable array;
+    array.Init(TVAR_ARRAY, static_cast<int>(elements.size()));
+    int i = 0;
+    for (const Variable& element : elements) devhost::Assign(array[i++], element);
+    return array;
+  }
+
+  static Variable New(const char* className, std::vector<Variable> args = {}) {
+    Variable object;
+    devhost::Construct(object, className, args);
+    return object;
+  }
+
+  static Variable Call(Variable object, const char* method, std::vector<Variable> args = {}) {
+    Variable result;
+    devhost::CallMethod(result, object, method, args);
+    return result;
+  }
+
+  static Variable CallPlain(const char* function, std::vector<Variable> args = {}) {
+    Variable result;
+    devhost::CallFunction(result, function, args);
+    return result;
+  }
+
+  // A name as the host's interface takes it.
+  static char* Name(const char* text) { return const_cast<char*>(text); }
+};
