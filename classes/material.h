@@ -1,0 +1,68 @@
+// A lighting material: four colours and a shininess for each of the two faces.
+#pragma once
+
+#include <memory>
+
+#include "binding/flag.h"
+#include "classes/material_color.h"
+
+// Nothing reaches OpenGL before Apply, so a material can be made and changed without a renderer. A component that could
+// not be allocated is absent: it is not set, not copied and not applied.
+class OGLMaterial : public TalqAss {
+ public:
+  // Both faces: ambient 0.4 x and diffuse 0.9 x the colour, white specular, black emission, all with its alpha;
+  // shininess 60 in front and 120 at the back.
+  OGLMaterial(float red, float green, float blue, float alpha);
+  // Both faces get these four colours; shininess as above.
+  OGLMaterial(const OGLColor& ambient, const OGLColor& diffuse, const OGLColor& specular, const OGLColor& emission);
+  OGLMaterial(const OGLMaterial& other);
+  OGLMaterial& operator=(const OGLMaterial& other);
+  ~OGLMaterial() override;
+
+  // Diffuse 0.9 x, ambient 0.4 x, specular 1 x and emission 0 x the colour, on one face. Required: unlike the
+  // constructor's, the specular colour is the given one.
+  void SetColor(float red, float green, float blue, float alpha, Flag front);
+  void SetDiffuse(float red, float green, float blue, float alpha, Flag front);
+  void SetSpecular(float red, float green, float blue, float alpha, Flag front);
+  void SetAmbient(float red, float green, float blue, float alpha, Flag front);
+  void SetEmission(float red, float green, float blue, float alpha, Flag front);
+  void SetShininess(float value, Flag front);
+
+  // The colour of one face; opaque white unless both faces have this component.
+  OGLColor GetDiffuse(Flag front) const;
+  OGLColor GetSpecular(Flag front) const;
+  OGLColor GetAmbient(Flag front) const;
+  OGLColor GetEmission(Flag front) const;
+  float GetShininess(Flag front) const;
+
+  // Sends the eight colours, front before back, then both shininess values. Needs a current context; switches nothing.
+  void Apply() const;
+
+ private:
+  friend struct MaterialLayout;
+  using Component = std::unique_ptr<OGLMaterialColor>;
+  // In the order in which the components of a face are stored.
+  enum Kind { kAmbient, kDiffuse, kSpecular, kEmission };
+  static constexpr int kKinds = 4;
+  // The eight components in the order in which they are stored, applied and destroyed.
+  static Component OGLMaterial::* const kComponents[2 * kKinds];
+
+  // Creates the components: both faces get the four colours, given in the order of Kind.
+  void Create(const float (&colors)[kKinds][4]);
+  void CopyComponents(const OGLMaterial& other);
+  void DestroyComponents();
+  void SetComponent(Kind kind, float red, float green, float blue, float alpha, Flag front);
+  OGLColor GetComponent(Kind kind, Flag front) const;
+
+  Component frontAmbient;
+  Component frontDiffuse;
+  Component frontSpecular;
+  Component frontEmission;
+  Component backAmbient;
+  Component backDiffuse;
+  Component backSpecular;
+  Component backEmission;
+  float frontShininess = 60.0F;
+  // Required: the faces differ.
+  float backShininess = 120.0F;
+};

@@ -1,0 +1,28 @@
+// One colour of a material: which material parameter of which face it sets.
+#pragma once
+
+#include "classes/color.h"
+
+class OGLMaterialColor : public OGLColor {
+ public:
+  // parameter: GL_AMBIENT, GL_DIFFUSE, GL_SPECULAR or GL_EMISSION; face: GL_FRONT or GL_BACK.
+  OGLMaterialColor(unsigned parameter, float red, float green, float blue, float alpha, unsigned face)
+      : OGLColor(red, green, blue, alpha), parameter(parameter), face(face) {}
+  OGLMaterialColor(unsigned parameter, const OGLColor& color, unsigned face)
+      : OGLColor(color), parameter(parameter), face(face) {}
+  OGLMaterialColor(const OGLMaterialColor& other) = default;
+  OGLMaterialColor& operator=(const OGLMaterialColor& other) = default;
+  ~OGLMaterialColor() override = default;
+
+  void Set(unsigned newParameter, float newRed, float newGreen, float newBlue, float newAlpha, unsigned newFace) {
+    SetColor(newRed, newGreen, newBlue, newAlpha);
+    parameter = newParameter;
+    face = newFace;
+  }
+
+  // glMaterialfv with the colour; needs a current context.
+  void Apply() const;
+
+  unsigned parameter;
+  unsigned face;
+};

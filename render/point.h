@@ -1,0 +1,50 @@
+// Points, rectangles and frusta: the plain values in which the renderer keeps its view.
+#pragma once
+
+// A homogeneous point or direction; w is 1 for points.
+struct OGLPoint {
+  OGLPoint() = default;
+  OGLPoint(float x, float y, float z, float w) : x(x), y(y), z(z), w(w) {}
+
+  void Set(float newX, float newY, float newZ, float newW) { *this = OGLPoint(newX, newY, newZ, newW); }
+  // Scales x, y, z to length 1 and sets w to 1. A zero direction becomes (1, 0, 0).
+  void Normalize();
+
+  float x = 0.0F;
+  float y = 0.0F;
+  float z = 0.0F;
+  float w = 1.0F;
+};
+
+// A rectangle. Required: given as left, top, right, bottom, stored as left, right, top, bottom.
+struct OGLRect {
+  OGLRect() = default;
+  OGLRect(float left, float top, float right, float bottom) : left(left), right(right), top(top), bottom(bottom) {}
+
+  void Set(float newLeft, float newTop, float newRight, float newBottom) {
+    *this = OGLRect(newLeft, newTop, newRight, newBottom);
+  }
+  float Width() const { return right - left; }
+  float Height() const { return bottom - top; }
+
+  float left = 0.0F;
+  float right = 0.0F;
+  float top = 0.0F;
+  float bottom = 0.0F;
+};
+
+// A viewing frustum: its rectangle on the near plane, and the distances of the near and far planes.
+struct OGLFrustum : OGLRect {
+  OGLFrustum(float left, float right, float top, float bottom, float zNear, float zFar)
+      : OGLRect(left, top, right, bottom), zNear(zNear), zFar(zFar) {}
+
+  void Set(float newLeft, float newRight, float newTop, float newBottom, float newNear, float newFar) {
+    *this = OGLFrustum(newLeft, newRight, newTop, newBottom, newNear, newFar);
+  }
+  float Depth() const { return zNear - zFar; }
+
+  float zNear;
+  float zFar;
+};
+
+static_assert(sizeof(OGLPoint) == 16 && sizeof(OGLRect) == 16 && sizeof(OGLFrustum) == 24);

@@ -1,0 +1,171 @@
+// The renderer behind every script object of class "TOpenGL".
+#pragma once
+
+#include <array>
+
+#include "binding/flag.h"
+#include "classes/color.h"
+#include "render/fog.h"
+#include "render/light.h"
+#include "render/point.h"
+
+struct HDC__;
+struct HGLRC__;
+class OGLMaterial;
+
+// The client rectangle of a device, in its own coordinates (y grows downwards).
+struct ClientRect {
+  int left;
+  int top;
+  int right;
+  int bottom;
+};
+
+// An OpenGL 1.1 renderer on the device context of a window or memory bitmap, with every setting a script has made.
+//
+// Setters store; they talk to OpenGL only while a rendering context exists ("open"), unless their comment says
+// otherwise, and opening applies what is stored. "Bound" means that a device context is set too. OpenGL's error state
+// is never read.
+class TOpenGL : public TalqAss {
+ public:
+  TOpenGL();
+  TOpenGL(const TOpenGL&) = delete;
+  TOpenGL& operator=(const TOpenGL&) = delete;
+  // Ends a selection that is still running in the current context, and closes.
+  ~TOpenGL() override;
+
+  // ---- Context (context.cpp)
+
+  // Closes, then creates a rendering context on the device, makes it current and applies every setting. Raises
+  // OGL_WRONG_DC when no context can be created and OGL_CANTBIND_DC when it cannot be made current, both with the
+  // system's error number; what there is then stays until it is closed.
+  void Open(HDC__* device, const ClientRect& client);
+  void OpenBitmap(HDC__* device, const ClientRect& client);
+  // Moves the open context to another device and applies viewport and projection alone. Raises OGL_NO_DC when nothing
+  // is open, OGL_CANTBIND_DC when the context cannot be made current.
+  void BindMDC(HDC__* device, const ClientRect& client);
+  // Makes the context that was current before the last open or bind current again; the own one stays open, unbound.
+  void FreeMDC();
+  // The same, and deletes the own context. Harmless when nothing is open.
+  void Close();
+  bool IsOpen() const { return renderContext != nullptr; }
+  bool IsBind() const { return deviceContext != nullptr; }
+  // Asks for a hardware-accelerated pixel format at the next Open.
+  void UseAccelerator(Flag on) { useAccelerator = on; }
+  // Asks for a double-buffered pixel format at the next Open.
+  void EnableDoubleBuff(Flag on) { doubleBuffer = on; }
+  Flag GetDoubleBuff() const { return doubleBuffer; }
+  // Shows the back buffer; does nothing unless bound and double-buffered.
+  void SwapBuffers() const;
+
+  // ---- Frame (frame.cpp)
+
+  // Clears colour and depth; does nothing unless open and bound.
+  void Clear() const;
+  // glFlush and glFinish, whatever the state.
+  void Flush() const;
+  void SetClearColor(const OGLColor& color);
+  // Vendor, renderer, version and extensions of the current context; "" for what OpenGL does not tell.
+  std::array<const char*, 4> GetVersion() const;
+
+  // ---- View (view.cpp)
+
+  // In device coordinates (y grows downwards); fractions are cut off when it is applied.
+  void SetViewPort(float left, float top, float right, float bottom);
+  OGLRect GetViewPort() const { return viewport; }
+  // Applying it discards the model transform. A zero up direction becomes (1, 0, 0).
+  void SetViewerPos(float eyeX, float eyeY, float eyeZ, float centerX, float centerY, float centerZ, float upX,
+                    float upY, float upZ);
+  void GetViewer(OGLPoint& eye, OGLPoint& center, OGLPoint& up) const;
+  // The frustum as glFrustum takes it. Nothing is checked; what OpenGL rejects leaves the identity projection.
+  void SetClipping(float left, float right, float bottom, float top, float zNear, float zFar);
+  // fovy: the full vertical field of view in degrees; aspect: width over height. zNear below or at 0 becomes 1.
+  void SetPerspective(float fovy, float aspect, float zNear, float zFar);
+  // Model-view := look-at of the viewer.
+  void ApplyViewer() const;
+  // Projection := frustum. Leaves the matrix mode at model-view.
+  void ApplyProjection() const;
+
+  // ---- Light, fog and drawing state (state.cpp)
+
+  OGLLightSet& GetLights() { return lights; }
+  OGLFog& GetFog() { return fog; }
+  // Reaches OpenGL at once, open or not, with the whole light.
+  void SetLightPosition(float x, float y, float z);
+  // Switches lighting alone; the light itself is sent by opening and by SetLightPosition. Switched off, drawing follows
+  // the current colour.
+  void EnableLight(Flag on);
+  Flag IsLight() const { return lightEnabled; }
+  // Fog from the near to the far plane, as the frustum is at this moment.
+  void EnableFog(Flag on);
+  Flag IsFog() const { return fogEnabled; }
+  void SetFogRange(float start, float end) const;
+  void EnableBlend(Flag on);
+  Flag IsBlend() const { return blend; }
+  // Smooth or flat shading.
+  void EnableSmooth(Flag on);
+  Flag IsSmooth() const { return smoothShade; }
+  // Antialiasing of lines and points, read on each draw.
+  void SetSmoothLine(Flag on) { smoothLine = on; }
+  Flag IsSmoothLine() const { return smoothLine; }
+  void SetSmoothPoint(Flag on) { smoothPoint = on; }
+  Flag IsSmoothPoint() const { return smoothPoint; }
+  // Outlines instead of filled faces, read on each draw.
+  void EnableWired(Flag on) { wired = on; }
+  Flag IsWired() const { return wired; }
+  // With EnableWired: a spline surface shows its patches' outlines instead of its polygons'.
+  void SetOutlinePatch(Flag on) { outlinePatch = on; }
+  Flag GetOutlinePatch() const { return outlinePatch; }
+  // These four are not stored: without a context they do nothing.
+  void SetColor(const OGLColor& color) const;
+  void SetMaterial(const OGLMaterial& material) const;
+  void SetPointSize(float pixels) const;
+  void SetLineWidth(float pixels) const;
+
+  // Whether there is a frame to draw on and read from: open and bound.
+  bool CanDraw() const { return deviceContext && renderContext; }
+
+ private:
+  friend struct RendererLayout;
+
+  void OpenWith(unsigned flags, HDC__* device, const ClientRect& client);
+  void RememberCurrent(HDC__* device);
+  void ApplyInitialState() const;
+  void ApplyViewport() const;
+  void ApplyShading() const;
+  void ApplyBlend() const;
+  void EnableLighting() const;
+  void ApplyPolygonMode() const;
+  void LookAt() const;
+  void MultiplyFrustum() const;
+
+  Flag doubleBuffer = kOff;
+  Flag wired = kOff;
+  Flag outlinePatch = kOn;
+  OGLColor clearColor{0.0F, 0.0F, 0.0F, 1.0F};
+  OGLPoint viewerEye{0.0F, 0.0F, 1000.0F, 1.0F};
+  OGLPoint viewerCenter{0.0F, 0.0F, 0.0F, 1.0F};
+  OGLPoint viewerUp{0.0F, 1.0F, 0.0F, 1.0F};
+  OGLLightSet lights{1.0F, 1.0F, 1.0F, 1.0F};
+  OGLFog fog{0.2F, 0.2F, 0.2F, 1.0F};
+  // Required: OpenGL rejects the negative near distance, so a renderer starts with the identity projection.
+  OGLFrustum clipping{-200.0F, 200.0F, -200.0F, 200.0F, -200.0F, 200.0F};
+  OGLRect viewport{0.0F, 0.0F, 400.0F, 400.0F};
+  Flag smoothShade = kOff;
+  Flag smoothLine = kOff;
+  Flag smoothPoint = kOff;
+  Flag blend = kOff;
+  HGLRC__* renderContext = nullptr;
+  HDC__* deviceContext = nullptr;
+  HDC__* previousDC = nullptr;
+  HGLRC__* previousContext = nullptr;
+  Flag fogEnabled = kOff;
+  Flag lightEnabled = kOff;
+  ClientRect clientRect{};
+  // Lies inside the object: OpenGL keeps its address while it selects.
+  std::array<unsigned, 512> selectBuffer{};
+  int nameDepth = 0;
+  Flag useAccelerator = kOff;
+  // Of the last open; BindMDC asks for the same.
+  unsigned pixelFormatFlags = 0;
+};

@@ -1,0 +1,117 @@
+// OpenGL's calls that answer, and those that pass images.
+#include <algorithm>
+
+#include "tests/recorder/recorder.h"
+
+using recorder::Enum;
+using recorder::Get;
+using recorder::Record;
+using recorder::Recorder;
+
+namespace {
+
+// Bytes from a row's start to the next one's at the alignment.
+std::size_t Stride(std::size_t row, std::size_t alignment) { return (row + alignment - 1) / alignment * alignment; }
+
+void AttachImage(recorder::Call& call, const GLvoid* image, std::size_t size) {
+  const auto* bytes = static_cast<const unsigned char*>(image);
+  call.bytes.assign(bytes, bytes + size);
+}
+
+std::size_t RgbSize(GLsizei width, GLsizei height) {
+  return width < 0 || height < 0 ? 0
+                                 : std::size_t{3} * static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
+}
+
+}  // namespace
+
+const GLubyte* glGetString(GLenum name) {
+  Record("glGetString", Enum{name});
+  const auto& strings = Get().answers.strings;
+  const auto found = strings.find(name);
+  return found == strings.end() ? nullptr : reinterpret_cast<const GLubyte*>(found->second.c_str());
+}
+
+GLboolean glIsEnabled(GLenum capability) {
+  Record("glIsEnabled", Enum{capability});
+  return Get().answers.enabled.contains(capability) ? GL_TRUE : GL_FALSE;
+}
+
+void glGetIntegerv(GLenum name, GLint* values) {
+  Record("glGetIntegerv", Enum{name});
+  const auto& viewport = Get().answers.viewport;
+  if (name == GL_VIEWPORT && viewport) std::copy(viewport->begin(), viewport->end(), values);
+}
+
+void glGetDoublev(GLenum name, GLdouble* values) {
+  Record("glGetDoublev", Enum{name});
+  auto& matrices = Get().answers.modelViews;
+  if (name != GL_MODELVIEW_MATRIX || matrices.empty()) return;
+  std::copy(matrices.front().begin(), matrices.front().end(), values);
+  matrices.pop_front();
+}
+
+GLuint glGenLists(GLsizei count) {
+  Record("glGenLists", count);
+  return Get().answers.firstList;
+}
+
+// ---- Selection
+
+void glSelectBuffer(GLsizei size, GLuint* buffer) {
+  Record("glSelectBuffer", size);
+  Get().selectBuffer = buffer;
+}
+
+GLint glRenderMode(GLenum mode) {
+  Record("glRenderMode", Enum{mode});
+  Recorder& recorder = Get();
+  const bool wasSelecting = recorder.selecting;
+  recorder.selecting = mode == GL_SELECT;
+  if (!wasSelecting) return 0;
+  std::copy(recorder.answers.hitRecords.begin(), recorder.answers.hitRecords.end(), recorder.selectBuffer);
+  return recorder.answers.hits;
+}
+
+// ---- Images
+
+void glPixelStorei(GLenum name, GLint value) { Record("glPixelStorei", Enum{name}, value); }
+void glRasterPos3f(GLfloat x, GLfloat y, GLfloat z) { Record("glRasterPos3f", x, y, z); }
+
+// Rows start at multiples of 4 bytes, as OpenGL's default pack alignment has it; the bytes between stay as they are.
+void glReadPixels(GLint x, GLint y, GLsizei width, GLsizei height, GLenum format, GLenum type, GLvoid* pixels) {
+  Record("glReadPixels", x, y, width, height, Enum{format}, Enum{type});
+  if (width <= 0 || height <= 0) return;
+  const std::size_t row = std::size_t{3} * static_cast<std::size_t>(width);
+  std::vector<unsigned char> frame = Get().answers.frame;
+  frame.resize(row * static_cast<std::size_t>(height));
+  auto* to = static_cast<unsigned char*>(pixels);
+  for (auto from = frame.begin(); from != frame.end(); from += static_cast<std::ptrdiff_t>(row), to += Stride(row, 4)) {
+    std::copy_n(from, row, to);
+  }
+}
+
+void glDrawPixels(GLsizei width, GLsizei height, GLenum format, GLenum type, const GLvoid* pixels) {
+  AttachImage(Record("glDrawPixels", width, height, Enum{format}, Enum{type}), pixels, RgbSize(width, height));
+}
+
+// One bit a pixel, rows of whole 4 bytes.
+void glBitmap(GLsizei width, GLsizei height, GLfloat xOrigin, GLfloat yOrigin, GLfloat xMove, GLfloat yMove,
+              const GLubyte* bits) {
+  const std::size_t row = Stride((static_cast<std::size_t>(std::max(width, 0)) + 7) / 8, 4);
+  AttachImage(Record("glBitmap", width, height, xOrigin, yOrigin, xMove, yMove), bits,
+              row * static_cast<std::size_t>(std::max(height, 0)));
+}
+
+void glTexImage2D(GLenum target, GLint level, GLint internalFormat, GLsizei width, GLsizei height, GLint border,
+                  GLenum format, GLenum type, const GLvoid* pixels) {
+  AttachImage(Record("glTexImage2D", Enum{target}, level, Enum{static_cast<GLenum>(internalFormat)}, width, height,
+                     border, Enum{format}, Enum{type}),
+              pixels, RgbSize(width, height));
+}
+
+void glTexSubImage2D(GLenum target, GLint level, GLint x, GLint y, GLsizei width, GLsizei height, GLenum format,
+                     GLenum type, const GLvoid* pixels) {
+  AttachImage(Record("glTexSubImage2D", Enum{target}, level, x, y, width, height, Enum{format}, Enum{type}), pixels,
+              RgbSize(width, height));
+}

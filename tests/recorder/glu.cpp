@@ -1,0 +1,108 @@
+// GLU. Its objects are handles; NULL objects are answered as the real library does, by doing nothing.
+#include "tests/recorder/recorder.h"
+
+using recorder::Enum;
+using recorder::Get;
+using recorder::Record;
+
+namespace {
+
+template <class Object>
+Object* Create(const char* function, bool succeeds, std::set<const void*>& objects) {
+  Record(function);
+  if (!succeeds) return nullptr;
+  auto* const object = Get().NewHandle<Object*>();
+  objects.insert(object);
+  return object;
+}
+
+void Delete(const char* function, const void* object, std::set<const void*>& objects) {
+  Record(function, object);
+  if (objects.erase(object) == 0) Get().balance.faults.push_back(std::string(function) + " of no such object");
+}
+
+template <class T>
+std::span<const T> Array(const T* values, GLint count) {
+  return {values, static_cast<std::size_t>(count)};
+}
+
+void ReportNurbsError() {
+  if (!Get().answers.nurbsError || !Get().nurbsErrorCallback) return;
+  // The registered function takes the error code, as GLU's documentation has it.
+  reinterpret_cast<void (*)(GLenum)>(Get().nurbsErrorCallback)(*Get().answers.nurbsError);
+}
+
+}  // namespace
+
+void gluLookAt(GLdouble eyeX, GLdouble eyeY, GLdouble eyeZ, GLdouble centerX, GLdouble centerY, GLdouble centerZ,
+               GLdouble upX, GLdouble upY, GLdouble upZ) {
+  Record("gluLookAt", eyeX, eyeY, eyeZ, centerX, centerY, centerZ, upX, upY, upZ);
+}
+
+void gluPickMatrix(GLdouble x, GLdouble y, GLdouble width, GLdouble height, GLint* viewport) {
+  Record("gluPickMatrix", x, y, width, height, Array(static_cast<const GLint*>(viewport), 4));
+}
+
+const GLubyte* gluErrorString(GLenum error) {
+  Record("gluErrorString", error);
+  static std::string text;
+  text = "GLU error " + std::to_string(error);
+  return reinterpret_cast<const GLubyte*>(text.c_str());
+}
+
+// ---- Quadrics
+
+GLUquadric* gluNewQuadric() {
+  return Create<GLUquadric>("gluNewQuadric", Get().answers.createsQuadrics, Get().balance.quadrics);
+}
+void gluDeleteQuadric(GLUquadric* quadric) { Delete("gluDeleteQuadric", quadric, Get().balance.quadrics); }
+void gluQuadricDrawStyle(GLUquadric* quadric, GLenum style) { Record("gluQuadricDrawStyle", quadric, Enum{style}); }
+void gluQuadricOrientation(GLUquadric* quadric, GLenum orientation) {
+  Record("gluQuadricOrientation", quadric, Enum{orientation});
+}
+void gluSphere(GLUquadric* quadric, GLdouble radius, GLint slices, GLint stacks) {
+  Record("gluSphere", quadric, radius, slices, stacks);
+}
+void gluCylinder(GLUquadric* quadric, GLdouble base, GLdouble top, GLdouble height, GLint slices, GLint stacks) {
+  Record("gluCylinder", quadric, base, top, height, slices, stacks);
+}
+void gluDisk(GLUquadric* quadric, GLdouble inner, GLdouble outer, GLint slices, GLint loops) {
+  Record("gluDisk", quadric, inner, outer, slices, loops);
+}
+void gluPartialDisk(GLUquadric* quadric, GLdouble inner, GLdouble outer, GLint slices, GLint loops, GLdouble start,
+                    GLdouble sweep) {
+  Record("gluPartialDisk", quadric, inner, outer, slices, loops, start, sweep);
+}
+
+// ---- NURBS
+
+GLUnurbs* gluNewNurbsRenderer() {
+  return Create<GLUnurbs>("gluNewNurbsRenderer", Get().answers.createsNurbs, Get().balance.nurbsRenderers);
+}
+void gluDeleteNurbsRenderer(GLUnurbs* nurbs) { Delete("gluDeleteNurbsRenderer", nurbs, Get().balance.nurbsRenderers); }
+void gluNurbsCallback(GLUnurbs* nurbs, GLenum which, _GLUfuncptr callback) {
+  Record("gluNurbsCallback", nurbs, Enum{which});
+  Get().nurbsErrorCallback = nurbs ? callback : nullptr;
+}
+void gluNurbsProperty(GLUnurbs* nurbs, GLenum property, GLfloat value) {
+  Record("gluNurbsProperty", nurbs, Enum{property}, Enum{static_cast<GLenum>(value)});
+}
+void gluBeginCurve(GLUnurbs* nurbs) { Record("gluBeginCurve", nurbs); }
+void gluEndCurve(GLUnurbs* nurbs) { Record("gluEndCurve", nurbs); }
+void gluBeginSurface(GLUnurbs* nurbs) { Record("gluBeginSurface", nurbs); }
+void gluEndSurface(GLUnurbs* nurbs) { Record("gluEndSurface", nurbs); }
+
+void gluNurbsCurve(GLUnurbs* nurbs, GLint knotCount, GLfloat* knots, GLint stride, GLfloat* control, GLint order,
+                   GLenum type) {
+  Record("gluNurbsCurve", nurbs, knotCount, Array<GLfloat>(knots, knotCount), stride,
+         Array<GLfloat>(control, (knotCount - order) * stride), order, Enum{type});
+  ReportNurbsError();
+}
+
+void gluNurbsSurface(GLUnurbs* nurbs, GLint sKnotCount, GLfloat* sKnots, GLint tKnotCount, GLfloat* tKnots,
+                     GLint sStride, GLint tStride, GLfloat* control, GLint sOrder, GLint tOrder, GLenum type) {
+  Record("gluNurbsSurface", nurbs, sKnotCount, Array<GLfloat>(sKnots, sKnotCount), tKnotCount,
+         Array<GLfloat>(tKnots, tKnotCount), sStride, tStride, Array<GLfloat>(control, (tKnotCount - tOrder) * tStride),
+         sOrder, tOrder, Enum{type});
+  ReportNurbsError();
+}

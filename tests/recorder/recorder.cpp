@@ -1,0 +1,51 @@
+#include "tests/recorder/recorder.h"
+
+namespace recorder {
+namespace {
+
+std::string Count(std::size_t count, const char* what) { return std::to_string(count) + " " + what; }
+
+std::string Joined(const auto& lines) {
+  std::string text;
+  for (const auto& line : lines) text.append(line) += '\n';
+  return text;
+}
+
+}  // namespace
+
+std::string Call::Text() const {
+  std::string text = name + "(";
+  for (const std::string& argument : arguments) text += (&argument != &arguments.front() ? ", " : "") + argument;
+  return text + ")";
+}
+
+std::vector<std::string> Balance::Problems() const {
+  std::vector<std::string> problems = faults;
+  if (insideBegin) problems.emplace_back("glBegin without glEnd");
+  if (insideList) problems.emplace_back("glNewList without glEndList");
+  for (const auto& [mode, depth] : matrixDepth) {
+    if (depth != 0) problems.push_back("matrix stack " + Format(Enum{mode}) + " left " + Format(depth) + " deep");
+  }
+  if (!contexts.empty()) problems.push_back(Count(contexts.size(), "contexts not deleted"));
+  if (!quadrics.empty()) problems.push_back(Count(quadrics.size(), "quadrics not deleted"));
+  if (!nurbsRenderers.empty()) problems.push_back(Count(nurbsRenderers.size(), "NURBS renderers not deleted"));
+  return problems;
+}
+
+Recorder& Get() {
+  static Recorder recorder;
+  return recorder;
+}
+
+void Reset() { Get() = {}; }
+
+std::string TakeLog() {
+  std::vector<std::string> lines;
+  for (const Call& call : Get().calls) lines.push_back(call.Text());
+  Get().calls.clear();
+  return Joined(lines);
+}
+
+std::string Lines(std::initializer_list<std::string_view> lines) { return Joined(lines); }
+
+}  // namespace recorder

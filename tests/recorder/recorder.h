@@ -1,0 +1,105 @@
+// Stands in for OpenGL, GLU, WGL and GDI: every call is noted with its arguments and answered as the test has set it.
+#pragma once
+
+#include <array>
+#include <deque>
+#include <initializer_list>
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "tests/recorder/format.h"
+
+namespace recorder {
+
+struct Call {
+  std::string name;
+  std::vector<std::string> arguments;  // enumerants by name, arrays as {1, 2, 3}
+  std::vector<unsigned char> bytes;    // the image or record that a pointer argument led to
+
+  // "glVertex3f(1, 2, 3)"
+  std::string Text() const;
+};
+
+// What the driver answers.
+struct Answers {
+  int pixelFormat = 1;
+  bool createsContexts = true;
+  bool makesCurrent = true;
+  DWORD lastError = 0;
+  // Of GL_VENDOR and so on; without an entry glGetString answers null.
+  std::map<GLenum, std::string> strings;
+  GLuint firstList = 1;
+  std::set<GLenum> enabled;
+  // What GL_VIEWPORT and, one a read, GL_MODELVIEW_MATRIX are; without an answer the caller's buffer stays as it was.
+  std::optional<std::array<GLint, 4>> viewport;
+  std::deque<std::array<GLdouble, 16>> modelViews;
+  // The pixels of the next glReadPixels, three bytes each, rows without gaps; zeros where it ends.
+  std::vector<unsigned char> frame;
+  // What selection mode leaves: the hit count and the words of the buffer.
+  GLint hits = 0;
+  std::vector<GLuint> hitRecords;
+  bool createsQuadrics = true;
+  bool createsNurbs = true;
+  // Reported to the error callback by each NURBS curve or surface.
+  std::optional<GLenum> nurbsError;
+};
+
+// What has to come out even.
+struct Balance {
+  bool insideBegin = false;
+  bool insideList = false;
+  GLenum matrixMode = GL_MODELVIEW;
+  std::map<GLenum, int> matrixDepth;
+  std::set<const void*> contexts;
+  std::set<const void*> quadrics;
+  std::set<const void*> nurbsRenderers;
+  std::vector<std::string> faults;
+
+  // One line for each fault and for each thing left open.
+  std::vector<std::string> Problems() const;
+};
+
+struct Recorder {
+  std::vector<Call> calls;
+  Answers answers;
+  Balance balance;
+  HDC currentDevice = nullptr;
+  HGLRC currentContext = nullptr;
+  GLuint* selectBuffer = nullptr;
+  bool selecting = false;
+  _GLUfuncptr nurbsErrorCallback = nullptr;
+  int objectsMade = 0;  // contexts, quadrics and NURBS renderers
+
+  // A fresh non-null handle.
+  template <class Handle>
+  Handle NewHandle() {
+    return reinterpret_cast<Handle>(std::uintptr_t{0xC000} + static_cast<unsigned>(++objectsMade));
+  }
+};
+
+Recorder& Get();
+// Back to the first state: nothing noted, nothing current, everything succeeds.
+void Reset();
+
+// The calls so far, one a line, and forgets them.
+std::string TakeLog();
+// The same shape for what a test expects.
+std::string Lines(std::initializer_list<std::string_view> lines);
+
+// Notes a call with its arguments.
+template <class... A>
+Call& Record(const char* name, const A&... arguments) {
+  return Get().calls.emplace_back(Call{name, {Format(arguments)...}, {}});
+}
+
+// A call in the log's own form, for expectations whose numbers are computed.
+template <class... A>
+std::string Line(const char* name, const A&... arguments) {
+  return Call{name, {Format(arguments)...}, {}}.Text();
+}
+
+}  // namespace recorder

@@ -1,0 +1,30 @@
+#include "tests/unit/allocation.h"
+
+#include <new>
+
+namespace {
+
+// More than any test allocates, so that absurd sizes fail at once.
+constexpr std::size_t kLargestAllocation = std::size_t{1} << 30;
+
+int allocationsUntilFailure = 0;  // 0: none is to fail
+
+void* AllocateOrFail(std::size_t size) noexcept {
+  if (allocationsUntilFailure > 0 && --allocationsUntilFailure == 0) return nullptr;
+  return size > kLargestAllocation ? nullptr : ::operator new(size);
+}
+
+// The array form has memory of its own kind, for the checks of new[] against delete.
+void* AllocateArrayOrFail(std::size_t size) noexcept {
+  if (allocationsUntilFailure > 0 && --allocationsUntilFailure == 0) return nullptr;
+  return size > kLargestAllocation ? nullptr : ::operator new[](size);
+}
+
+}  // namespace
+
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return AllocateOrFail(size); }
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return AllocateArrayOrFail(size); }
+
+FailingAllocation::FailingAllocation(int n) { allocationsUntilFailure = n; }
+FailingAllocation::~FailingAllocation() { allocationsUntilFailure = 0; }
+bool FailingAllocation::Happened() const { return allocationsUntilFailure == 0; }

@@ -1,0 +1,14 @@
+// Makes an allocation of the module fail.
+#pragma once
+
+// While it lives, the n-th (counted from 1) of the following allocations by new (std::nothrow) yields null.
+class FailingAllocation {
+ public:
+  explicit FailingAllocation(int n);
+  FailingAllocation(const FailingAllocation&) = delete;
+  FailingAllocation& operator=(const FailingAllocation&) = delete;
+  ~FailingAllocation();
+
+  // Whether that allocation was asked for.
+  bool Happened() const;
+};

@@ -1,0 +1,31 @@
+// What opening a renderer sends to OpenGL.
+#pragma once
+
+#include <string>
+
+// The parts that settings change; the rest of the initial state is fixed.
+struct Opening {
+  std::string viewport = "glViewport(0, 80, 400, 400)\n";
+  std::string viewer = "gluLookAt(0, 0, 1000, 0, 0, 0, 0, 1, 0)\n";
+  std::string shading = "glShadeModel(GL_FLAT)\n";
+  std::string light{};
+  std::string fog{};
+  std::string frustum = "glFrustum(-200, 200, 200, -200, -200, 200)\n";
+  std::string clearColor = "glClearColor(0, 0, 0, 1)\n";
+  std::string blend = "glDisable(GL_BLEND)\n";
+
+  std::string Log() const {
+    return viewport + "glMatrixMode(GL_MODELVIEW)\nglLoadIdentity()\n" + viewer + shading +
+           "glFrontFace(GL_CCW)\n"
+           "glDisable(GL_CULL_FACE)\n"
+           "glDepthFunc(GL_LEQUAL)\n"
+           "glEnable(GL_DEPTH_TEST)\n"
+           "glEnable(GL_NORMALIZE)\n"
+           "glHint(GL_POLYGON_SMOOTH_HINT, GL_FASTEST)\n"
+           "glHint(GL_LINE_SMOOTH_HINT, GL_FASTEST)\n" +
+           light + fog + Projection() + clearColor + "glClear(GL_DEPTH_BUFFER_BIT)\n" + blend;
+  }
+  std::string Projection() const {
+    return "glMatrixMode(GL_PROJECTION)\nglLoadIdentity()\n" + frustum + "glMatrixMode(GL_MODELVIEW)\n";
+  }
+};

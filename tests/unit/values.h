@@ -1,0 +1,44 @@
+// Script values for tests.
+#pragma once
+
+#include <array>
+#include <initializer_list>
+#include <string_view>
+#include <vector>
+
+#include "host/talq.h"
+
+inline Variable Value(float number) { return Variable(number); }
+inline Variable Value(int number) { return Variable(number); }
+inline Variable Value(bool truth) { return Variable(truth ? 1 : 0); }
+inline const Variable& Value(const Variable& value) { return value; }
+
+// Vectors: of numbers, of integers, and of any values.
+Variable Numbers(const std::vector<float>& numbers);
+Variable Integers(const std::vector<int>& numbers);
+Variable Vector(const std::vector<Variable>& elements);
+Variable Text(std::string_view text);
+Variable ByteString(const std::vector<unsigned char>& bytes);
+// A new script object of the class, made through the host with the arguments.
+Variable NewObject(std::string_view className, std::vector<Variable> args = {});
+Variable Point3(float x, float y, float z);
+Variable ColorRef(int packed);
+
+// A host Matrix of 4 x 4, and back; the numbers run down its columns.
+Variable MatrixOf(const std::array<double, 16>& entries);
+std::array<double, 16> EntriesOf(Variable matrix);
+
+// Numbers 1, 2, 3, ... for count triples.
+std::vector<float> Counting(int triples);
+
+// The numbers in a Vector, in a POINT3, in an OglColor; the bytes in a byte string.
+std::vector<float> NumbersOf(Variable vector);
+std::vector<float> CoordinatesOf(Variable point);
+std::vector<float> ComponentsOf(Variable color);
+std::vector<unsigned char> BytesOf(Variable string);
+
+// The native object joined to a script object, or null.
+template <class T>
+T* NativeOf(Variable object) {
+  return static_cast<T*>(static_cast<TalqAss*>(object.GetAssID()));
+}
