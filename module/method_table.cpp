@@ -7,6 +7,7 @@
 #include "classes/material.h"
 #include "classes/material_methods.h"
 #include "module/exports.h"
+#include "module/handlers/batches.h"
 #include "module/handlers/handlers.h"
 #include "render/topengl.h"
 
@@ -52,6 +53,15 @@ constexpr MethodEntry kMethodTable[] = {
     Method<&TOpenGL::SetMaterial>("TOpenGL::SetMaterial(refer object OglMaterial)"),
     Method<&TOpenGL::SetPointSize>("TOpenGL::SetPointSize(number)"),
     Method<&TOpenGL::SetLineWidth>("TOpenGL::SetLineWidth(number)"),
+    {DrawPoints<&TOpenGL::Triangles, FitsTriangles>, "TOpenGL::Triangles(refer object Vector)"},
+    {DrawWithNormals<&TOpenGL::Triangles, FitsTriangles>,
+     "TOpenGL::Triangles(refer object Vector, refer object Vector)"},
+    {DrawWithColors<&TOpenGL::ColorTriangles, FitsTriangles>,
+     "TOpenGL::ColorTriangles(refer object Vector, refer object Vector, refer object Vector)"},
+    {DrawWithNormals<&TOpenGL::TriangleStrip, FitsTriangleStrip>,
+     "TOpenGL::TriangleStrip(refer object Vector, refer object Vector)"},
+    {DrawPoints<&TOpenGL::TriangleStrip, FitsTriangleStrip>, "TOpenGL::TriangleStrip(refer object Vector)"},
+    {GetDIBits, "TOpenGL::GetDIBits(number, number, int, int)"},
     PartMethod<&TOpenGL::GetLights, &OGLLightSet::SetSpotCutoff>("TOpenGL::SetSpot(number)"),
     PartMethod<&TOpenGL::GetFog, &OGLFog::SetDensity>("TOpenGL::SetFogDensity(number)"),
     PartMethod<&TOpenGL::GetFog, &OGLFog::SetLinearMode>("TOpenGL::SetFogLinearMode(void)"),

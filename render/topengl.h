@@ -8,6 +8,7 @@
 #include "render/fog.h"
 #include "render/light.h"
 #include "render/point.h"
+#include "render/triples.h"
 
 struct HDC__;
 struct HGLRC__;
@@ -122,8 +123,26 @@ class TOpenGL : public TalqAss {
   void SetPointSize(float pixels) const;
   void SetLineWidth(float pixels) const;
 
+  // ---- Primitive batches (geometry/triangles.cpp)
+  // Each does nothing unless open and bound. The counts fit together; the handlers have checked them.
+
+  // One normal a face, computed from its corners and not normalised.
+  void Triangles(TripleSpan points) const;
+  // One normal a vertex, or one a face when there are fewer.
+  void Triangles(TripleSpan points, TripleSpan normals) const;
+  // The same with colours, one a vertex or one a face. Lit, a colour becomes a material; unlit, the current colour.
+  void ColorTriangles(TripleSpan points, TripleSpan normals, TripleSpan colors) const;
+  // Computed normals: the first triangle's for its three vertices, then each triangle's own, turned to one side.
+  void TriangleStrip(TripleSpan points) const;
+  void TriangleStrip(TripleSpan points, TripleSpan normals) const;
+
+  // ---- Frame read-back (image/read_back.cpp)
+
   // Whether there is a frame to draw on and read from: open and bound.
   bool CanDraw() const { return deviceContext && renderContext; }
+  // Reads the rectangle of the frame whose lower left corner is (x, y) into w * h * 3 bytes: blue, green, red; rows
+  // tightly packed, the lowest first. Nothing is written past them; negative sizes read nothing.
+  void GetDIBits(float x, float y, int width, int height, unsigned char* pixels) const;
 
  private:
   friend struct RendererLayout;

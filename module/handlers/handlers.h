@@ -26,3 +26,7 @@ void SetFogColor(VarRegister& result, VarRegister* args, int argc, Processor* pr
 void SetColor(VarRegister& result, VarRegister* args, int argc, Processor* processor);
 // Result: a POINT3.
 void GetLightPosition(VarRegister& result, VarRegister* args, int argc, Processor* processor);
+
+// ---- Read-back (images.cpp)
+// Result: a byte string; untouched while the renderer is not open.
+void GetDIBits(VarRegister& result, VarRegister* args, int argc, Processor* processor);

@@ -1,0 +1,55 @@
+// The frame, read back as the bytes of a 24-bit device-independent bitmap.
+#include <algorithm>
+#include <climits>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+
+#include "classes/gl.h"
+#include "image/swap.h"
+#include "render/arithmetic.h"
+#include "render/topengl.h"
+
+namespace {
+
+struct Free {
+  void operator()(unsigned char* bytes) const { std::free(bytes); }
+};
+using Scratch = std::unique_ptr<unsigned char, Free>;
+
+// Bytes of a row as OpenGL writes it: its pack alignment stays at 4.
+std::size_t PaddedRow(std::size_t rowBytes) { return (rowBytes + 3) / 4 * 4; }
+
+// Reads RGB pixels into memory of their own, rows as OpenGL pads them; what it does not write is zero. Null when memory
+// is out or a size is negative.
+Scratch ReadPixels(int x, int y, int width, int height) {
+  if (width < 0 || height < 0) return nullptr;
+  const std::size_t row = PaddedRow(std::size_t{3} * static_cast<std::size_t>(width));
+  const std::size_t rows = static_cast<std::size_t>(height);
+  Scratch pixels(
+      static_cast<unsigned char*>(std::calloc(std::max<std::size_t>(rows, 1), std::max<std::size_t>(row, 1))));
+  if (!pixels) return nullptr;
+  glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
+  glReadPixels(x, y, width, height, GL_RGB, GL_UNSIGNED_BYTE, pixels.get());
+  return pixels;
+}
+
+}  // namespace
+
+void TOpenGL::GetDIBits(float x, float y, int width, int height, unsigned char* pixels) const {
+  if (width < 0 || height < 0) return;
+  const std::size_t rowBytes = std::size_t{3} * static_cast<std::size_t>(width);
+  const std::size_t bytes = rowBytes * static_cast<std::size_t>(height);
+  // The caller's length is an int, which has wrapped for larger frames.
+  if (bytes > INT_MAX) return;
+  if (rowBytes % 4 == 0) {
+    glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
+    glReadPixels(Truncate(x), Truncate(y), width, height, GL_RGB, GL_UNSIGNED_BYTE, pixels);
+  } else {
+    // OpenGL would write padded rows past the end; of those the first bytes are taken as they lie.
+    const Scratch padded = ReadPixels(Truncate(x), Truncate(y), width, height);
+    if (!padded) return;
+    std::memcpy(pixels, padded.get(), bytes);
+  }
+  SwapRedAndBlue(pixels, width, height);
+}

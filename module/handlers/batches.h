@@ -1,0 +1,57 @@
+// The handlers of the primitive batches: one template a number of arrays, one rule a kind of primitive.
+#pragma once
+
+#include "binding/errors.h"
+#include "binding/native.h"
+#include "geometry/decode.h"
+#include "render/topengl.h"
+
+// ---- Which numbers of points, normals and colours fit together
+
+constexpr bool FitsTriangles(int points) { return points % 3 == 0 && points >= 1; }
+constexpr bool FitsTriangles(int points, int normals) {
+  return (normals == points || normals == points / 3) && FitsTriangles(points);
+}
+constexpr bool FitsTriangles(int points, int normals, int colors) {
+  return FitsTriangles(points, normals) && colors == points;
+}
+constexpr bool FitsTriangleStrip(int points) { return points >= 3; }
+constexpr bool FitsTriangleStrip(int points, int normals) { return normals == points && FitsTriangleStrip(points); }
+
+// ---- Handlers: decode every array, then draw, unless one is missing or the script has an error
+
+// False, with error 8 raised, when the counts do not fit.
+inline bool CheckCounts(bool fit) {
+  if (!fit) TalqError(kCountsDoNotFit);
+  return fit;
+}
+
+template <void (TOpenGL::*draw)(TripleSpan) const, bool (*fits)(int)>
+void DrawPoints(VarRegister& /*result*/, VarRegister* args, int argc, Processor* processor) {
+  const TOpenGL* self = Self<TOpenGL>(args, argc);
+  if (!self) return;
+  const Triples points = DecodePoints(args[0]);
+  if (!points || processor->GetErrorStatus()) return;
+  if (CheckCounts(fits(points.Count()))) (self->*draw)(points);
+}
+
+template <void (TOpenGL::*draw)(TripleSpan, TripleSpan) const, bool (*fits)(int, int)>
+void DrawWithNormals(VarRegister& /*result*/, VarRegister* args, int argc, Processor* processor) {
+  const TOpenGL* self = Self<TOpenGL>(args, argc);
+  if (!self) return;
+  const Triples points = DecodePoints(args[0]);
+  const Triples normals = DecodePoints(args[1]);
+  if (!points || !normals || processor->GetErrorStatus()) return;
+  if (CheckCounts(fits(points.Count(), normals.Count()))) (self->*draw)(points, normals);
+}
+
+template <void (TOpenGL::*draw)(TripleSpan, TripleSpan, TripleSpan) const, bool (*fits)(int, int, int)>
+void DrawWithColors(VarRegister& /*result*/, VarRegister* args, int argc, Processor* processor) {
+  const TOpenGL* self = Self<TOpenGL>(args, argc);
+  if (!self) return;
+  const Triples points = DecodePoints(args[0]);
+  const Triples normals = DecodePoints(args[1]);
+  const Triples colors = DecodeColors(args[2], points.Count());
+  if (!points || !normals || !colors || processor->GetErrorStatus()) return;
+  if (CheckCounts(fits(points.Count(), normals.Count(), colors.Count()))) (self->*draw)(points, normals, colors);
+}
