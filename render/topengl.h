@@ -2,6 +2,8 @@
 #pragma once
 
 #include <array>
+#include <optional>
+#include <span>
 
 #include "binding/flag.h"
 #include "classes/color.h"
@@ -13,6 +15,9 @@
 struct HDC__;
 struct HGLRC__;
 class OGLMaterial;
+
+// Sixteen numbers in OpenGL's column-major order: row r, column c is entry c * 4 + r.
+using Matrix16 = std::array<double, 16>;
 
 // The client rectangle of a device, in its own coordinates (y grows downwards).
 struct ClientRect {
@@ -122,6 +127,51 @@ class TOpenGL : public TalqAss {
   void SetMaterial(const OGLMaterial& material) const;
   void SetPointSize(float pixels) const;
   void SetLineWidth(float pixels) const;
+
+  // ---- Model matrix (matrix.cpp)
+  // The model-view matrix is the viewer's look-at times the model transform. The first five do nothing without a
+  // context; the others talk to OpenGL regardless. All leave the matrix mode at model-view.
+
+  void Translate(const OGLPoint& offset) const;
+  void Rotate(const OGLPoint& axis, float degrees) const;
+  void Scale(float x, float y, float z) const;
+  void PushModelMatrix() const;
+  void PopModelMatrix() const;
+  // The bare identity: drops the viewer's transform too.
+  void LoadIdentityMatrix() const;
+  // Model-view := look-at of the viewer times the matrix.
+  void LoadModelMatrix(const Matrix16& matrix) const;
+  // Multiplies the model-view matrix from the right.
+  void MultiplyModelMatrix(const Matrix16& matrix) const;
+  // The model-view matrix and the viewer's look-at alone; zeros where there is no context. Leaves the matrix as it was.
+  void ReadMatrices(Matrix16& full, Matrix16& look) const;
+
+  // ---- Display lists (lists.cpp)
+  // List numbers are absolute. NewList, CallList and CallLists do nothing without a context.
+
+  // The first of `count` new consecutive numbers, or 0.
+  int GenLists(int count) const;
+  // Starts recording; ignores numbers below 1.
+  void NewList(int list) const;
+  void EndList() const;
+  void CallList(int list) const;
+  void CallLists(const int* lists, int count) const;
+  void DeleteLists(int first, int count) const;
+
+  // ---- Selection (selection.cpp)
+
+  void InitNameStack() const;
+  void PushName(int name) const;
+  void PopName() const;
+  void LoadName(int name) const;
+  // Starts selecting what is drawn inside the rectangle, in device coordinates; x and y are its right and top edges.
+  // Tests neither whether the renderer is open nor whether it is selecting already; changes the projection until
+  // EndSelection.
+  void BeginSelection(int x, int y, int width, int height);
+  // Ends selecting. The number of hit records in the select buffer, -1 when they did not fit; nothing, with
+  // OGL_NO_SELECTION_MODE raised, when no selection was begun.
+  std::optional<int> EndSelection();
+  std::span<const unsigned> GetSelectBuffer() const { return selectBuffer; }
 
   // ---- Primitive batches (geometry/triangles.cpp)
   // Each does nothing unless open and bound. The counts fit together; the handlers have checked them.

@@ -27,6 +27,25 @@ void SetColor(VarRegister& result, VarRegister* args, int argc, Processor* proce
 // Result: a POINT3.
 void GetLightPosition(VarRegister& result, VarRegister* args, int argc, Processor* processor);
 
+// ---- Model matrix (matrices.cpp)
+void LoadMatrix(VarRegister& result, VarRegister* args, int argc, Processor* processor);
+void MultiplyMatrix(VarRegister& result, VarRegister* args, int argc, Processor* processor);
+// Result: the model transform as a 4 x 4 Matrix, computed by a script of the host.
+void GetMatrix(VarRegister& result, VarRegister* args, int argc, Processor* processor);
+// Takes an axis as three numbers or a POINT3, then the angle in degrees.
+void Rotate(VarRegister& result, VarRegister* args, int argc, Processor* processor);
+// Takes three numbers or a POINT3.
+void Translate(VarRegister& result, VarRegister* args, int argc, Processor* processor);
+
+// ---- Display lists and selection (lists.cpp, selection.cpp)
+// Result: the first of the new list numbers. Takes how many, or nothing for one.
+void GenList(VarRegister& result, VarRegister* args, int argc, Processor* processor);
+void CallLists(VarRegister& result, VarRegister* args, int argc, Processor* processor);
+// Takes the first list and how many, or one list alone.
+void DeleteLists(VarRegister& result, VarRegister* args, int argc, Processor* processor);
+// Result: a Vector of hit records, [names, nearest depth, farthest depth] each.
+void EndSelection(VarRegister& result, VarRegister* args, int argc, Processor* processor);
+
 // ---- Read-back (images.cpp)
 // Result: a byte string; untouched while the renderer is not open.
 void GetDIBits(VarRegister& result, VarRegister* args, int argc, Processor* processor);

@@ -13,3 +13,14 @@ inline void MakePoint(Variable& target, const OGLPoint& point, Processor* proces
   components[2] = point.z;
   processor->MakeInstance(target, className, components, 3);
 }
+
+// The x, y and z of a POINT3.
+inline OGLPoint ReadPoint(Variable& point) {
+  char x[] = "x";
+  char y[] = "y";
+  char z[] = "z";
+  return {point(x), point(y), point(z), 1.0F};
+}
+
+// Three numbers in the registers from `numbers` on.
+inline OGLPoint ReadPoint(VarRegister* numbers) { return {numbers[0], numbers[1], numbers[2], 1.0F}; }

@@ -1,0 +1,43 @@
+// A heap array that knows its length and may be missing: allocation fails with null, not with an exception.
+#pragma once
+
+#include <climits>
+#include <cstddef>
+#include <memory>
+#include <new>
+
+#include "host/talq.h"
+
+template <class T>
+class Array {
+ public:
+  Array() = default;
+  explicit Array(long long count) : count(count >= 0 && count <= INT_MAX ? static_cast<int>(count) : 0) {
+    if (this->count == count) elements.reset(new (std::nothrow) T[static_cast<std::size_t>(count)]);
+  }
+
+  // Whether it could be allocated.
+  explicit operator bool() const { return elements != nullptr; }
+  int Count() const { return count; }
+  T* Data() { return elements.get(); }
+  const T* Data() const { return elements.get(); }
+  T& operator[](int index) { return elements[static_cast<std::size_t>(index)]; }
+  const T& operator[](int index) const { return elements[static_cast<std::size_t>(index)]; }
+
+ private:
+  std::unique_ptr<T[]> elements;
+  int count = 0;
+};
+
+// Reads the elements of a Vector, one for each of the array.
+template <class T>
+void Fill(Array<T>& elements, Variable& vector) {
+  for (int i = 0; i < elements.Count(); ++i) elements[i] = vector[i];
+}
+
+// The elements of a Vector as integers.
+inline Array<int> DecodeIntegers(Variable& vector) {
+  Array<int> integers(vector.GetDim());
+  if (integers) Fill(integers, vector);
+  return integers;
+}
