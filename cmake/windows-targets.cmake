@@ -30,6 +30,9 @@ add_dependencies(talq_module host_names)
 if(TALQ_MSVC_ABI_CROSS)
   # The C runtime's own printf serves the module's few texts; MinGW's would make the DLL a fifth larger.
   target_compile_definitions(talq_module PRIVATE __USE_MINGW_ANSI_STDIO=0)
+  if(TALQ_TRAP)
+    target_compile_options(talq_module PRIVATE -fsanitize=undefined -fno-sanitize=vptr -fsanitize-trap=undefined)
+  endif()
 endif()
 
 # The development host exports what modules import, and the program's main function.

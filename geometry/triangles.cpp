@@ -95,14 +95,3 @@ void TOpenGL::TriangleStrip(TripleSpan points) const {
   }
   glEnd();
 }
-
-void TOpenGL::TriangleStrip(TripleSpan points, TripleSpan normals) const {
-  if (!CanDraw()) return;
-  ApplyPolygonMode();
-  glBegin(GL_TRIANGLE_STRIP);
-  for (int i = 0; i < normals.count; ++i) {
-    EmitNormal(normals[i]);
-    EmitVertex(points[i]);
-  }
-  glEnd();
-}

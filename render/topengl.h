@@ -15,6 +15,9 @@
 struct HDC__;
 struct HGLRC__;
 class OGLMaterial;
+struct IndexedTriangles;
+struct NurbsSurface;
+struct TriangleMesh;
 
 // Sixteen numbers in OpenGL's column-major order: row r, column c is entry c * 4 + r.
 using Matrix16 = std::array<double, 16>;
@@ -173,18 +176,56 @@ class TOpenGL : public TalqAss {
   std::optional<int> EndSelection();
   std::span<const unsigned> GetSelectBuffer() const { return selectBuffer; }
 
-  // ---- Primitive batches (geometry/triangles.cpp)
+  // ---- Primitive batches (geometry/triangles.cpp, points_lines.cpp, quads.cpp, indexed.cpp)
   // Each does nothing unless open and bound. The counts fit together; the handlers have checked them.
 
+  void SetPoints(TripleSpan points) const;
+  void LineStrip(TripleSpan points) const;
+  void Lines(TripleSpan points) const;
+  // Draws nothing when there are not as many colours as points.
+  void ColorLines(TripleSpan points, TripleSpan colors) const;
   // One normal a face, computed from its corners and not normalised.
   void Triangles(TripleSpan points) const;
   // One normal a vertex, or one a face when there are fewer.
   void Triangles(TripleSpan points, TripleSpan normals) const;
   // The same with colours, one a vertex or one a face. Lit, a colour becomes a material; unlit, the current colour.
   void ColorTriangles(TripleSpan points, TripleSpan normals, TripleSpan colors) const;
+  // Triangles picked by index from several lists, which count on through all of them. A run of triangles of one list
+  // is drawn with that list's material, if it has one; an index that no list holds is skipped.
+  void TrianglesEx(std::span<const IndexedTriangles> lists, std::span<const int> indices) const;
+  // The same from meshes; materials has one element a mesh, or null.
+  void TrianglesExFB(std::span<const TriangleMesh* const> meshes, std::span<const int> indices,
+                     std::span<const OGLMaterial* const> materials) const;
   // Computed normals: the first triangle's for its three vertices, then each triangle's own, turned to one side.
   void TriangleStrip(TripleSpan points) const;
   void TriangleStrip(TripleSpan points, TripleSpan normals) const;
+  void QuadStrip(TripleSpan points, TripleSpan normals) const;
+  void Quads(TripleSpan points, TripleSpan normals) const;
+  void Polygon(TripleSpan points, TripleSpan normals) const;
+  void ColorQuads(TripleSpan points, TripleSpan normals, TripleSpan colors) const;
+  void ColorPolygon(TripleSpan points, TripleSpan normals, TripleSpan colors) const;
+
+  // ---- Solids (geometry/quadrics.cpp, solids.cpp)
+  // Each does nothing unless open and bound.
+
+  void Sphere(const OGLPoint& center, float radius, int slices) const;
+  // Along +z from the origin.
+  void Cylinder(float baseRadius, float topRadius, float height, int slices, int stacks) const;
+  void Disk(float innerRadius, float outerRadius, int slices) const;
+  // Slices and loops are cut to integers. Required: the angle, in degrees, is where it starts and how far it sweeps.
+  void PartialDisk(float innerRadius, float outerRadius, float slices, float loops, int degrees) const;
+  // Centred on the origin. Required: the sizes come as x, z, y.
+  void Box(float sizeX, float sizeZ, float sizeY) const;
+  void BoxAt(const OGLPoint& corner, float sizeX, float sizeZ, float sizeY) const;
+  // Around the z axis. Fewer than one segment or side draws nothing.
+  void Torus(float ringRadius, int segments, float tubeRadius, int sides) const;
+
+  // ---- Splines (geometry/splines.cpp)
+  // Cubic NURBS through GLU, whose errors become OGL_NURBS_ERROR. They do not ask whether the renderer is open.
+
+  // knots: count of control points + 4; controls: x, y, z each.
+  void SplineCurve(std::span<float> knots, float* controls) const;
+  void SplineSurface(const NurbsSurface& surface) const;
 
   // ---- Frame read-back (image/read_back.cpp)
 
@@ -207,6 +248,9 @@ class TOpenGL : public TalqAss {
   void ApplyPolygonMode() const;
   void LookAt() const;
   void MultiplyFrustum() const;
+  void DrawLines(unsigned mode, TripleSpan points) const;
+  void DrawNormals(unsigned mode, TripleSpan points, TripleSpan normals) const;
+  void DrawColors(unsigned mode, TripleSpan points, TripleSpan normals, TripleSpan colors) const;
 
   Flag doubleBuffer = kOff;
   Flag wired = kOff;

@@ -18,6 +18,13 @@ constexpr bool FitsTriangles(int points, int normals, int colors) {
 constexpr bool FitsTriangleStrip(int points) { return points >= 3; }
 constexpr bool FitsTriangleStrip(int points, int normals) { return normals == points && FitsTriangleStrip(points); }
 
+constexpr bool FitsQuads(int points) { return points >= 1 && points % 4 == 0; }
+// Required: polygons take a multiple of four points, as quads do.
+constexpr bool FitsQuads(int points, int normals) { return normals == points && FitsQuads(points); }
+constexpr bool FitsQuads(int points, int normals, int colors) { return FitsQuads(points, normals) && colors == points; }
+constexpr bool FitsQuadStrip(int points, int normals) { return normals == points && points >= 4; }
+constexpr bool FitsAlways(int /*points*/) { return true; }
+
 // ---- Handlers: decode every array, then draw, unless one is missing or the script has an error
 
 // False, with error 8 raised, when the counts do not fit.
@@ -54,4 +61,13 @@ void DrawWithColors(VarRegister& /*result*/, VarRegister* args, int argc, Proces
   const Triples colors = DecodeColors(args[2], points.Count());
   if (!points || !normals || !colors || processor->GetErrorStatus()) return;
   if (CheckCounts(fits(points.Count(), normals.Count(), colors.Count()))) (self->*draw)(points, normals, colors);
+}
+
+// Lines alone are left out, with nothing raised, when the counts do not fit.
+inline void DrawColorLines(VarRegister& /*result*/, VarRegister* args, int argc, Processor* processor) {
+  const TOpenGL* self = Self<TOpenGL>(args, argc);
+  if (!self) return;
+  const Triples points = DecodePoints(args[0]);
+  const Triples colors = DecodeColors(args[1], points.Count());
+  if (points && colors && !processor->GetErrorStatus()) self->ColorLines(points, colors);
 }

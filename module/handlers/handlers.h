@@ -46,6 +46,24 @@ void DeleteLists(VarRegister& result, VarRegister* args, int argc, Processor* pr
 // Result: a Vector of hit records, [names, nearest depth, farthest depth] each.
 void EndSelection(VarRegister& result, VarRegister* args, int argc, Processor* processor);
 
+// ---- Indexed batches (indexed.cpp)
+void TrianglesEx(VarRegister& result, VarRegister* args, int argc, Processor* processor);
+void TrianglesExFB(VarRegister& result, VarRegister* args, int argc, Processor* processor);
+
+// ---- Solids (solids.cpp)
+// Takes the centre as three numbers or a POINT3, the radius, and the slices, if not 10. Other counts draw nothing.
+void Sphere(VarRegister& result, VarRegister* args, int argc, Processor* processor);
+// Slices and stacks may be left out: 10.
+void Cylinder(VarRegister& result, VarRegister* args, int argc, Processor* processor);
+// Takes the sizes along x, z and y, with the lowest corner before them or centred on the origin.
+void Box(VarRegister& result, VarRegister* args, int argc, Processor* processor);
+
+// ---- Splines (splines.cpp). Counts that do not fit raise error 8.
+void SplineCurve2D(VarRegister& result, VarRegister* args, int argc, Processor* processor);
+void SplineCurve3D(VarRegister& result, VarRegister* args, int argc, Processor* processor);
+// Takes xs, zs, heights, normals if any, and the knots of both directions.
+void SplineSurface(VarRegister& result, VarRegister* args, int argc, Processor* processor);
+
 // ---- Read-back (images.cpp)
 // Result: a byte string; untouched while the renderer is not open.
 void GetDIBits(VarRegister& result, VarRegister* args, int argc, Processor* processor);

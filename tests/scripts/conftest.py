@@ -14,7 +14,7 @@ ROOT = pathlib.Path(__file__).resolve().parents[2]
 PROGRAMS = ROOT / "build" / "windows-cross"
 WINE = "/usr/lib/wine/wine64"
 WINE_SERVER = "/usr/lib/wine/wineserver"
-TIME_LIMIT = 300  # seconds
+TIME_LIMIT = 900  # seconds
 
 
 @dataclasses.dataclass

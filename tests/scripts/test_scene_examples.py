@@ -1,0 +1,121 @@
+"""The pictures of examples/picking.talq and examples/solar-system.talq, checked by what their scenes say."""
+
+import json
+import pathlib
+import re
+import shutil
+
+import numpy
+import pytest
+
+EXAMPLES = pathlib.Path(__file__).resolve().parents[2] / "examples"
+
+# Printed by the script language itself behind the example's last line: the camera, then what the test needs besides.
+PRINT_PICKING = """
+places = [];
+for (i = 0; i < rows * columns; i += 1) places->Add(Place(i / columns, i % columns));
+Print([eye, centre, [fieldOfView, width, height], rectangle, [columns, radius], places]);
+"""
+PRINT_SYSTEM = "Print([eye, centre, [fieldOfView, width, height], [sunRadius, planets[5][1], planets[5][2], planets[5][3]]]);\n"
+
+
+def run_example(run_talq_in, folder, name, print_scene):
+    """The printed lines, the scene's values and the picture."""
+    (folder / "examples").mkdir()
+    (folder / "out").mkdir()
+    for script in EXAMPLES.glob("*.talq"):
+        shutil.copy(script, folder / "examples")
+    (folder / "scene.talq").write_text(f'include "examples/{name}.talq";\n{print_scene}')
+    run = run_talq_in(folder, "scene.talq")
+    assert run.exit_code == 0, run.shown()
+    *lines, values = run.stdout.splitlines()
+    return lines, json.loads(values), run.pictures[name].astype(int)
+
+
+def project(points, eye, centre, view):
+    """Pixel coordinates from the upper left corner, and how many pixels a unit length has there."""
+    field, width, height = view
+    back = numpy.subtract(eye, centre) / numpy.linalg.norm(numpy.subtract(eye, centre))
+    side = numpy.cross([0, 1, 0], back)
+    side /= numpy.linalg.norm(side)
+    seen = numpy.subtract(points, eye) @ numpy.array([side, numpy.cross(back, side), back]).T
+    scale = height / 2 / numpy.tan(numpy.radians(field) / 2) / -seen[:, 2]
+    return width / 2 + seen[:, 0] * scale, height / 2 - seen[:, 1] * scale, scale
+
+
+@pytest.fixture(scope="module")
+def picking(run_talq_in, tmp_path_factory):
+    return run_example(run_talq_in, tmp_path_factory.mktemp("picking"), "picking", PRINT_PICKING)
+
+
+def test_picked_names_are_those_of_the_marbles_in_the_rectangle(picking):
+    lines, (eye, centre, view, (left, top, width, height), (columns, radius), places), _ = picking
+    names = [tuple(map(int, re.findall(r"\d+", line)[:2])) for line in lines if line.startswith("row")]
+    found = {row * columns + column for row, column in names}
+    assert len(found) == len(names) and lines[-2].startswith(f"{len(names)} marbles")
+    x, y, scale = project(places, eye, centre, view)
+    off_x = numpy.maximum(numpy.maximum(left - x, x - left - width), 0)
+    off_y = numpy.maximum(numpy.maximum(top - y, y - top - height), 0)
+    # In radii; a marble of flat faces, seen in perspective, is not quite a circle.
+    distance = numpy.hypot(off_x, off_y) / (radius * scale)
+    assert set(numpy.flatnonzero(distance < 0.95)) <= found <= set(numpy.flatnonzero(distance < 1.05))
+    assert 10 < len(found) < len(places) / 2
+
+
+def test_depths_are_ordered_as_the_marbles_are(picking):
+    lines, (eye, centre, _, _, (columns, _), places), _ = picking
+    hits = [list(map(float, re.findall(r"[\d.]+", line))) for line in lines if line.startswith("row")]
+    forward = numpy.subtract(centre, eye) / numpy.linalg.norm(numpy.subtract(centre, eye))
+    away = [numpy.subtract(places[int(hit[0]) * columns + int(hit[1])], eye) @ forward for hit in hits]
+    # Between the nearest and the farthest point of a marble lies its centre.
+    middles = [(hit[2] + hit[3]) / 2 for hit in hits]
+    assert numpy.corrcoef(numpy.argsort(numpy.argsort(away)), numpy.argsort(numpy.argsort(middles)))[0, 1] > 0.99
+    assert all(0 < hit[2] < hit[3] < 2 for hit in hits)
+
+
+def test_only_picked_marbles_glow(picking):
+    lines, (eye, centre, view, (left, top, width, height), _, _), picture = picking
+    red, blue = picture[:, :, 0], picture[:, :, 2]
+    rows, columns = numpy.nonzero(red > blue + 100)
+    assert len(rows) > 10000
+    # They reach into the rectangle, so none is farther outside than the diameter of the largest.
+    assert columns.min() > left - 90 and columns.max() < left + width + 90
+    assert rows.min() > top - 90 and rows.max() < top + height + 90
+
+
+@pytest.fixture(scope="module")
+def system(run_talq_in, tmp_path_factory):
+    return run_example(run_talq_in, tmp_path_factory.mktemp("system"), "solar-system", PRINT_SYSTEM)
+
+
+def offsets_from(place, radius, eye, centre, view):
+    """How far each pixel's centre lies to the right of a body and below it, in the body's radii."""
+    x, y, scale = (value[0] for value in project([place], eye, centre, view))
+    columns, rows = numpy.meshgrid(numpy.arange(view[1]) + 0.5, numpy.arange(view[2]) + 0.5)
+    return (columns - x) / (radius * scale), (rows - y) / (radius * scale)
+
+
+def test_sun_shines_where_it_projects_to(system):
+    _, (eye, centre, view, (radius, *_)), picture = system
+    distance = numpy.hypot(*offsets_from([0, 0, 0], radius, eye, centre, view))
+    red = picture[:, :, 0]
+    assert numpy.percentile(red[distance < 0.95], 5) > 230
+    # Its light fades outwards.
+    rings = [red[(distance > r) & (distance < r + 0.1)].mean() for r in (1.05, 1.3, 1.6)]
+    assert rings == sorted(rings, reverse=True) and rings[0] > 1.5 * rings[2]
+
+
+def test_saturn_is_lit_from_the_side_of_the_sun(system):
+    _, (eye, centre, view, (_, distance, degrees, radius)), picture = system
+    angle = numpy.radians(degrees)
+    place = [distance * numpy.cos(angle), 0, -distance * numpy.sin(angle)]
+    right, down = offsets_from(place, radius, eye, centre, view)
+    inside = numpy.hypot(right, down) < 0.9
+    brightness = picture.sum(axis=2)
+    assert inside.sum() > 10000  # of the whole disc, right of the sun
+    assert brightness[inside & (right < -0.3)].mean() > 1.5 * brightness[inside & (right > 0.3)].mean()
+
+
+def test_system_has_many_colours(system):
+    picture = system[2]
+    assert len(numpy.unique(picture.reshape(-1, 3), axis=0)) > 5000
