@@ -47,7 +47,6 @@ struct Argument<const T&> {
 
 // How a result is written. Classes add overloads for their own types.
 inline void WriteResult(VarRegister& result, float value, Processor* /*processor*/) { result = value; }
-inline void WriteResult(VarRegister& result, int value, Processor* /*processor*/) { result = value; }
 inline void WriteResult(VarRegister& result, Flag value, Processor* /*processor*/) { result.SetBool(value); }
 inline void WriteResult(VarRegister& result, bool value, Processor* /*processor*/) { result.SetBool(value ? 1 : 0); }
 

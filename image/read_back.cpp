@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "classes/gl.h"
+#include "image/blend.h"
 #include "image/swap.h"
 #include "render/arithmetic.h"
 #include "render/topengl.h"
@@ -52,4 +53,28 @@ void TOpenGL::GetDIBits(float x, float y, int width, int height, unsigned char* 
     std::memcpy(pixels, padded.get(), bytes);
   }
   SwapRedAndBlue(pixels, width, height);
+}
+
+bool TOpenGL::GetDIBitsMixture(float x, float y, int width, int height, std::span<unsigned char> pixels,
+                               float factor) const {
+  if (!CanDraw()) return false;
+  GLint viewportNow[4] = {};
+  glGetIntegerv(GL_VIEWPORT, viewportNow);
+  const int frameWidth = viewportNow[2];
+  const int frameHeight = viewportNow[3];
+  const Scratch frame = ReadPixels(Truncate(x), Truncate(y), frameWidth, frameHeight);
+  if (!frame) return false;
+  const int columns = std::max(std::min(width, frameWidth), 0);
+  const auto rowBytes = std::size_t{3} * static_cast<std::size_t>(columns);
+  const int rows = std::min(height, frameHeight);
+  const std::size_t frameRow = std::size_t{3} * static_cast<std::size_t>(frameWidth);
+  for (int row = 0; row < rows; ++row) {
+    const std::size_t start = std::size_t{3} * static_cast<std::size_t>(width) * static_cast<std::size_t>(row);
+    if (start >= pixels.size()) break;
+    const std::size_t inside = std::min(rowBytes, pixels.size() - start);
+    unsigned char* const frameBytes = frame.get() + frameRow * static_cast<std::size_t>(frameHeight - 1 - row);
+    SwapRedAndBlue(frameBytes, columns, 1);
+    Blend(pixels.data() + start, frameBytes, inside, factor);
+  }
+  return true;
 }

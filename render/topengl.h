@@ -227,6 +227,19 @@ class TOpenGL : public TalqAss {
   void SplineCurve(std::span<float> knots, float* controls) const;
   void SplineSurface(const NurbsSurface& surface) const;
 
+  // ---- Bitmaps (image/bitmaps.cpp)
+  // Each does nothing unless open and bound. Pixels are blue, green, red; rows tightly packed, the lowest first. The
+  // two first leave the caller's buffer in red, green, blue order.
+
+  // As textured quads with the lower left corner at (x, y, z), one pixel `scale` units wide, lit and fogged like
+  // geometry. Leaves texture state, polygon mode and, with lighting on, the current colour changed.
+  void DrawBitmap(const OGLPoint& corner, int width, int height, unsigned char* pixels, float scale) const;
+  // With glDrawPixels at the raster position.
+  void PutBitmap(const OGLPoint& position, int width, int height, unsigned char* pixels) const;
+  // One bit a pixel, rows padded to 4 bytes; moves the raster position right by the width. Missing bytes count as
+  // zeros.
+  void Put2bBitmap(const OGLPoint& position, int width, int height, std::span<const unsigned char> bits) const;
+
   // ---- Frame read-back (image/read_back.cpp)
 
   // Whether there is a frame to draw on and read from: open and bound.
@@ -234,6 +247,20 @@ class TOpenGL : public TalqAss {
   // Reads the rectangle of the frame whose lower left corner is (x, y) into w * h * 3 bytes: blue, green, red; rows
   // tightly packed, the lowest first. Nothing is written past them; negative sizes read nothing.
   void GetDIBits(float x, float y, int width, int height, unsigned char* pixels) const;
+  // Blends the frame, from its pixel (x, y) on, into rows of `width` pixels, blue, green, red, the top row first:
+  // factor is the weight of what was there. False when not open and bound or memory is out.
+  bool GetDIBitsMixture(float x, float y, int width, int height, std::span<unsigned char> pixels, float factor) const;
+
+  // ---- Volume point clouds (image/volume.cpp)
+  // No script method reaches these. They do not ask whether the renderer is open.
+
+  // Compiles the volume's visible voxels into a display list of points centred on the origin; returns its number.
+  unsigned BuildVolumePoints(const unsigned char* data, int width, int height, int depth, const unsigned char* redTable,
+                             const unsigned char* greenTable, const unsigned char* blueTable,
+                             const unsigned char* alphaTable, int mode, int axis, int direction, int step,
+                             int threshold) const;
+  void DeleteVolumePoints(unsigned list) const;
+  void DrawVolumePoints(unsigned list) const;
 
  private:
   friend struct RendererLayout;

@@ -48,9 +48,11 @@ build_preset() {
   cmake --build "$build/$preset"
 }
 
+# Builds a preset for Windows and lays GLU beside its program.
 build_windows() {
-  patience=1 step 'building TalqOpenGL.dll, Talq.dll and talq.exe' windows-cross build_preset windows-cross || return 1
-  cmp -s "$build/glu32/glu32.dll" "$program_dir/glu32.dll" || cp "$build/glu32/glu32.dll" "$program_dir/"
+  local preset=${1:-windows-cross}
+  patience=1 step "building TalqOpenGL.dll, Talq.dll and talq.exe ($preset)" "$preset" build_preset "$preset" || return 1
+  cmp -s "$build/glu32/glu32.dll" "$build/$preset/glu32.dll" || cp "$build/glu32/glu32.dll" "$build/$preset/"
 }
 
 # Wine takes the GLU beside the program, asks for no add-ons and opens no crash dialog. Runs with and without a display

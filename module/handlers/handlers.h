@@ -64,6 +64,12 @@ void SplineCurve3D(VarRegister& result, VarRegister* args, int argc, Processor* 
 // Takes xs, zs, heights, normals if any, and the knots of both directions.
 void SplineSurface(VarRegister& result, VarRegister* args, int argc, Processor* processor);
 
-// ---- Read-back (images.cpp)
+// ---- Images (images.cpp)
+// The forms with a POINT3 are required to draw a second time, from what the host reads out of the registers as numbers.
+void DrawBitmap(VarRegister& result, VarRegister* args, int argc, Processor* processor);
+void PutBitmap(VarRegister& result, VarRegister* args, int argc, Processor* processor);
+void Put2bBitmap(VarRegister& result, VarRegister* args, int argc, Processor* processor);
 // Result: a byte string; untouched while the renderer is not open.
 void GetDIBits(VarRegister& result, VarRegister* args, int argc, Processor* processor);
+// Result: whether the frame was blended.
+void GetDIBitsMixture(VarRegister& result, VarRegister* args, int argc, Processor* processor);

@@ -95,12 +95,12 @@ void glDrawPixels(GLsizei width, GLsizei height, GLenum format, GLenum type, con
   AttachImage(Record("glDrawPixels", width, height, Enum{format}, Enum{type}), pixels, RgbSize(width, height));
 }
 
-// One bit a pixel, rows of whole 4 bytes.
+// One bit a pixel, rows of whole 4 bytes; of the last row a driver reads only what the pixels need.
 void glBitmap(GLsizei width, GLsizei height, GLfloat xOrigin, GLfloat yOrigin, GLfloat xMove, GLfloat yMove,
               const GLubyte* bits) {
-  const std::size_t row = Stride((static_cast<std::size_t>(std::max(width, 0)) + 7) / 8, 4);
-  AttachImage(Record("glBitmap", width, height, xOrigin, yOrigin, xMove, yMove), bits,
-              row * static_cast<std::size_t>(std::max(height, 0)));
+  const std::size_t row = (static_cast<std::size_t>(std::max(width, 0)) + 7) / 8;
+  const std::size_t size = height > 0 ? Stride(row, 4) * (static_cast<std::size_t>(height) - 1) + row : 0;
+  AttachImage(Record("glBitmap", width, height, xOrigin, yOrigin, xMove, yMove), bits, size);
 }
 
 void glTexImage2D(GLenum target, GLint level, GLint internalFormat, GLsizei width, GLsizei height, GLint border,

@@ -2,7 +2,7 @@
 
 import pathlib
 
-SCRIPT = pathlib.Path(__file__).parent / "shared" / "open_close.talq"
+SCRIPT = pathlib.Path(__file__).parent / "parts" / "open_close.talq"
 ROUNDS = 10_000
 MEBIBYTE = 1 << 20
 

@@ -6,6 +6,8 @@ import numpy
 import PIL.Image
 import pytest
 
+# The volumes are drawn once, so their tests go to one worker.
+pytestmark = pytest.mark.xdist_group("renderer programs")
 OUTPUT = pathlib.Path(__file__).resolve().parents[2] / "out"
 
 

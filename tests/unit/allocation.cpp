@@ -9,14 +9,16 @@ constexpr std::size_t kLargestAllocation = std::size_t{1} << 30;
 
 int allocationsUntilFailure = 0;  // 0: none is to fail
 
+bool FailsNow() { return allocationsUntilFailure > 0 && --allocationsUntilFailure == 0; }
+
 void* AllocateOrFail(std::size_t size) noexcept {
-  if (allocationsUntilFailure > 0 && --allocationsUntilFailure == 0) return nullptr;
+  if (FailsNow()) return nullptr;
   return size > kLargestAllocation ? nullptr : ::operator new(size);
 }
 
 // The array form has memory of its own kind, for the checks of new[] against delete.
 void* AllocateArrayOrFail(std::size_t size) noexcept {
-  if (allocationsUntilFailure > 0 && --allocationsUntilFailure == 0) return nullptr;
+  if (FailsNow()) return nullptr;
   return size > kLargestAllocation ? nullptr : ::operator new[](size);
 }
 
@@ -24,6 +26,11 @@ void* AllocateArrayOrFail(std::size_t size) noexcept {
 
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return AllocateOrFail(size); }
 void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return AllocateArrayOrFail(size); }
+
+// The linker's --wrap gives a call of calloc the first name, and the library's own routine the second.
+void* WatchedCalloc(std::size_t count, std::size_t size) asm("__wrap_calloc");
+void* RealCalloc(std::size_t count, std::size_t size) asm("__real_calloc");
+void* WatchedCalloc(std::size_t count, std::size_t size) { return FailsNow() ? nullptr : RealCalloc(count, size); }
 
 FailingAllocation::FailingAllocation(int n) { allocationsUntilFailure = n; }
 FailingAllocation::~FailingAllocation() { allocationsUntilFailure = 0; }

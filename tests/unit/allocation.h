@@ -1,7 +1,8 @@
 // Makes an allocation of the module fail.
 #pragma once
 
-// While it lives, the n-th (counted from 1) of the following allocations by new (std::nothrow) yields null.
+// While it lives, the n-th (counted from 1) of the following allocations by new (std::nothrow) and calloc
+// yields null.
 class FailingAllocation {
  public:
   explicit FailingAllocation(int n);

@@ -278,4 +278,10 @@ TEST_F(MaterialTest, MissingComponentIsNotAppliedNorCopied) {
   }
 }
 
+TEST_F(MaterialTest, AComponentCanBeMadeFromAColor) {
+  const OGLMaterialColor component(GL_DIFFUSE, OGLColor(1, 2, 3, 4), GL_BACK);
+  component.Apply();
+  EXPECT_EQ(TakeLog(), "glMaterialfv(GL_BACK, GL_DIFFUSE, {1, 2, 3, 4})\n");
+}
+
 }  // namespace

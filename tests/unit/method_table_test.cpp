@@ -42,6 +42,13 @@ TEST_F(MethodTableTest, RowsAreTheApisInItsOrder) {
   if (next != rows.end()) ADD_FAILURE() << "misspelt, repeated or out of order: " << next->signature;
 }
 
+TEST_F(MethodTableTest, TableIsComplete) {
+  std::set<ScriptHandler> handlers;
+  for (const MethodEntry& row : PresentRows()) handlers.insert(row.handler);
+  EXPECT_EQ(PresentRows().size(), static_cast<std::size_t>(kMethodRowCount));
+  EXPECT_EQ(handlers.size(), static_cast<std::size_t>(kHandlerCount));
+}
+
 TEST_F(MethodTableTest, EveryRowHasAHandler) {
   for (const MethodEntry& row : PresentRows()) EXPECT_TRUE(row.handler) << row.signature;
 }

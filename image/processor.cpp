@@ -1,0 +1,71 @@
+#include "image/processor.h"
+
+#if defined(__clang__) || defined(__GNUC__)
+#include <cpuid.h>
+#else
+#include <intrin.h>
+#endif
+
+namespace {
+
+struct Registers {
+  unsigned a = 0;
+  unsigned b = 0;
+  unsigned c = 0;
+  unsigned d = 0;
+};
+
+#if defined(__clang__) || defined(__GNUC__)
+// All zeros for a leaf that the processor does not know.
+Registers CpuId(unsigned leaf) {
+  Registers registers;
+  __get_cpuid_count(leaf, 0, &registers.a, &registers.b, &registers.c, &registers.d);
+  return registers;
+}
+unsigned SavedState() {
+  unsigned low = 0;   // NOLINT(misc-const-correctness): written by the instruction
+  unsigned high = 0;  // NOLINT(misc-const-correctness)
+  __asm__("xgetbv" : "=a"(low), "=d"(high) : "c"(0));
+  return low;
+}
+#else
+// All zeros for a leaf that the processor does not know.
+Registers CpuId(int leaf) {
+  int highest[4];
+  __cpuid(highest, 0);
+  if (leaf > highest[0]) return {};
+  int values[4];
+  __cpuidex(values, leaf, 0);
+  return {static_cast<unsigned>(values[0]), static_cast<unsigned>(values[1]), static_cast<unsigned>(values[2]),
+          static_cast<unsigned>(values[3])};
+}
+unsigned SavedState() { return static_cast<unsigned>(_xgetbv(0)); }
+#endif
+
+constexpr unsigned kSsse3 = 1U << 9;                                     // of register c, leaf 1
+constexpr unsigned kOsxsave = 1U << 27;                                  // of register c, leaf 1
+constexpr unsigned kAvx2 = 1U << 5;                                      // of register b, leaf 7
+constexpr unsigned kAvx512 = 1U << 16 | 1U << 17 | 1U << 30 | 1U << 31;  // F, DQ, BW and VL, of register b, leaf 7
+constexpr unsigned kYmmState = 0x06;
+constexpr unsigned kZmmState = 0xE6;
+
+bool Has(unsigned features, unsigned state) {
+  return (CpuId(1).c & kOsxsave) != 0 && (SavedState() & state) == state && (CpuId(7).b & features) == features;
+}
+
+}  // namespace
+
+bool HasSsse3() {
+  static const bool has = (CpuId(1).c & kSsse3) != 0;
+  return has;
+}
+
+bool HasAvx2() {
+  static const bool has = Has(kAvx2, kYmmState);
+  return has;
+}
+
+bool HasAvx512() {
+  static const bool has = Has(kAvx512, kZmmState);
+  return has;
+}

@@ -1,0 +1,20 @@
+// What the processor can do beyond the baseline of x86-64, asked once.
+#pragma once
+
+// SSSE3: bytes are shuffled within a vector.
+bool HasSsse3();
+// AVX2, and AVX-512 with its byte instructions: vectors of 32 and 64 bytes. True only where the system saves them too.
+bool HasAvx2();
+bool HasAvx512();
+
+// Compiles one function for such a processor. Other compilers have no such attribute; there every processor takes the
+// baseline, but for SSSE3, whose intrinsics they accept anywhere.
+#ifdef __clang__
+#define FOR_SSSE3 __attribute__((target("ssse3")))
+#define FOR_AVX2 __attribute__((target("avx2")))
+#define FOR_AVX512 __attribute__((target("avx512f,avx512bw,avx512vl,avx512dq")))
+#else
+#define FOR_SSSE3
+#define FOR_AVX2
+#define FOR_AVX512
+#endif

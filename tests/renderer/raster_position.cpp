@@ -1,0 +1,25 @@
+// Prints how far "Put2bBitmap" moves the raster position.
+#include <cstdio>
+
+#include "classes/gl.h"
+#include "tests/renderer/memory_frame.h"
+
+int main() {
+  const MemoryFrame frame(64, 32);
+  TOpenGL renderer;
+  if (!frame.Open(renderer)) return 1;
+  constexpr unsigned char kBits[64] = {};
+  float before[4] = {};
+  float after[4] = {};
+  // The renderer's first view is the identity projection, which the eye's distance is outside of.
+  renderer.LoadIdentityMatrix();
+  for (const int width : {8, 0, 13}) {
+    renderer.Put2bBitmap({0, 0, 0, 1}, 0, 0, kBits);
+    glGetFloatv(GL_CURRENT_RASTER_POSITION, before);
+    renderer.Put2bBitmap({0, 0, 0, 1}, width, 8, kBits);
+    glGetFloatv(GL_CURRENT_RASTER_POSITION, after);
+    std::printf("%d: %g %g\n", width, static_cast<double>(after[0] - before[0]),
+                static_cast<double>(after[1] - before[1]));
+  }
+  return 0;
+}
