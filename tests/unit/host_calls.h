@@ -1,0 +1,18 @@
+// The host's services that the module's values fall back to: each call is counted, then answered by the development
+// host unless the test has it fail. The linker leads the calls here (cmake/native-targets.cmake).
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string>
+#include <vector>
+
+struct HostCalls {
+  std::vector<std::string> general{};       // names of the general routines called, in order
+  std::array<std::size_t, 4> allocation{};  // what HMALLOC was last called with
+  bool hasMemory = true;
+  unsigned char memoryFill = 0xCD;  // what memory of HMALLOC holds
+  bool hasConnector = true;
+};
+
+HostCalls& Host();

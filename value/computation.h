@@ -1,0 +1,13 @@
+// A computation that writes its result, turned into one that returns it.
+#pragma once
+
+#include "host/talq.h"
+
+using Computation = void (*)(Variable& result, const Variable& a, const Variable& b);
+
+// Required: what is returned is a copy that the host's constructor makes.
+inline Variable ResultOf(Computation compute, const Variable& a, const Variable& b) {
+  Variable result;
+  compute(result, a, b);
+  return Variable(result);
+}

@@ -1,0 +1,109 @@
+// The forms that write into a result: Add to Xor.
+#include "binding/errors.h"
+#include "value/arithmetic.h"
+#include "value/operations.h"
+#include "value/slot.h"
+
+namespace {
+
+bool SameTypeOf(int mask, const Variable& a, const Variable& b) { return (a.type & mask) != 0 && a.type == b.type; }
+
+// Empties the result and gives it the operands' type. The operands are read before: either may be the result itself.
+template <class T>
+void Write(Variable& result, TVARTYPE type, T value) {
+  result.Clear();
+  result.type = type;
+  SetSlot(result, value);
+}
+
+template <class Operation, class T>
+void Compute(Variable& result, const Variable& a, const Variable& b) {
+  Write(result, a.type, Operation::Of(SlotOf<T>(a), SlotOf<T>(b)));
+}
+
+template <class Operation>
+void ComputeSameType(Variable& result, const Variable& a, const Variable& b) {
+  switch (a.type) {
+    case TVAR_INT64:
+      return Compute<Operation, long long>(result, a, b);
+    case TVAR_BYTE:
+      return Compute<Operation, unsigned char>(result, a, b);
+    case TVAR_INT32:
+      return Compute<Operation, int>(result, a, b);
+    case TVAR_FLOAT:
+      return Compute<Operation, float>(result, a, b);
+    default:
+      return Compute<Operation, double>(result, a, b);
+  }
+}
+
+// The result is emptied and typed before the divisor is tested.
+template <class Operation, class T>
+void Divide(Variable& result, const Variable& a, const Variable& b) {
+  const T dividend = SlotOf<T>(a);
+  const T divisor = SlotOf<T>(b);
+  Write(result, a.type, T{0});
+  if (divisor == T{0}) {
+    TalqError(kDivisionByZero);
+  } else {
+    SetSlot(result, Operation::Of(dividend, divisor));
+  }
+}
+
+template <class Operation>
+void DivideIntegers(Variable& result, const Variable& a, const Variable& b) {
+  switch (a.type) {
+    case TVAR_INT64:
+      return Divide<Operation, long long>(result, a, b);
+    case TVAR_BYTE:
+      return Divide<Operation, unsigned char>(result, a, b);
+    default:
+      return Divide<Operation, int>(result, a, b);
+  }
+}
+
+}  // namespace
+
+void Add(Variable& result, const Variable& a, const Variable& b) {
+  if (SameTypeOf(kNumericTypes, a, b)) {
+    ComputeSameType<Sum>(result, a, b);
+  } else {
+    __AddNumb(result, a, b);
+  }
+}
+
+void Sub(Variable& result, const Variable& a, const Variable& b) {
+  if (SameTypeOf(kNumericTypes, a, b)) {
+    ComputeSameType<Difference>(result, a, b);
+  } else {
+    __SubNumb(result, a, b);
+  }
+}
+
+void Mul(Variable& result, const Variable& a, const Variable& b) {
+  if (SameTypeOf(kNumericTypes, a, b)) {
+    ComputeSameType<Product>(result, a, b);
+  } else {
+    __MulNumb(result, a, b);
+  }
+}
+
+void Div(Variable& result, const Variable& a, const Variable& b) {
+  if (SameTypeOf(kIntegerTypes, a, b)) {
+    DivideIntegers<Quotient>(result, a, b);
+  } else if (SameTypeOf(TVAR_FLOAT, a, b)) {
+    Divide<Quotient, float>(result, a, b);
+  } else if (SameTypeOf(TVAR_DOUBLE, a, b)) {
+    Divide<Quotient, double>(result, a, b);
+  } else {
+    __DivNumb(result, a, b);
+  }
+}
+
+void Rest(Variable& result, const Variable& a, const Variable& b) {
+  if (SameTypeOf(kIntegerTypes, a, b)) {
+    DivideIntegers<Remainder>(result, a, b);
+  } else {
+    __RestNumb(result, a, b);
+  }
+}
