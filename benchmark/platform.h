@@ -1,0 +1,25 @@
+// What differs between Windows and Linux for the benchmark.
+#pragma once
+
+#include <optional>
+
+#include "render/topengl.h"
+
+// Seconds since some moment.
+double Now();
+// Keeps the process on one processor core.
+void PinToOneCore();
+// Opens the renderer on a memory bitmap (on Windows) or on nothing. False when it cannot be opened.
+bool OpenFrame(TOpenGL& renderer, int width, int height);
+// Whether OpenGL draws; where it does not, every call is a stub.
+bool HasOpenGL();
+// Points this program's OpenGL imports at a function that counts, or back at OpenGL.
+void UseStubs(bool on);
+
+// Seconds for loading, and unloading, a library: the module with its 165 rows read, or an empty library and
+// 165 rows read. Nothing where the libraries are not at hand.
+struct LoadTimes {
+  void (*loadModule)();
+  void (*loadEmpty)();
+};
+std::optional<LoadTimes> Loads();
