@@ -1,6 +1,7 @@
 // From a script object to the native object joined to it, with error 43 raised in this one place.
 #pragma once
 
+#include <cstdint>
 #include <cstring>
 
 #include "binding/errors.h"
@@ -35,12 +36,12 @@ inline char* ClassText<OGLMaterial>() {
 }
 
 // What tells native objects of one class from any other's, without RTTI: the address of their virtual table, which is
-// their first word. Null until the first object of the class is joined.
+// their first word. 0 until the first object of the class is joined.
 template <class T>
-inline const void* virtualTable = nullptr;
+inline std::uintptr_t virtualTable = 0;
 
-inline const void* FirstWord(const void* native) {
-  const void* word = nullptr;
+inline std::uintptr_t FirstWord(const void* native) {
+  std::uintptr_t word = 0;
   std::memcpy(&word, native, sizeof(word));
   return word;
 }
@@ -56,7 +57,7 @@ T* JoinedTo(Holder& object) {
 
 // Whether the native object, which is not null, belongs to one of this module's classes.
 inline bool IsOwnNative(const void* native) {
-  const void* table = FirstWord(native);
+  const std::uintptr_t table = FirstWord(native);
   return table == virtualTable<TOpenGL> || table == virtualTable<OGLColor> || table == virtualTable<OGLMaterial>;
 }
 

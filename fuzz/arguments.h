@@ -1,0 +1,38 @@
+// Random arguments: mostly such as a method's signature asks for, often odd in themselves, sometimes of another kind.
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "devhost/signature.h"
+#include "fuzz/world.h"
+
+class Arguments {
+ public:
+  Arguments(Random& random, World& world) : random(random), world(world) {}
+
+  // Arguments for one call, in number as the signature has it.
+  std::vector<Variable> For(const devhost::Signature& signature);
+
+ private:
+  Variable Of(const devhost::Parameter& parameter);
+  Variable AnyNumber();
+  Variable AnyInteger();
+  Variable AnyValue();
+  Variable Object(std::string_view className);
+  // A Vector in the shape that the letter names (see arguments.cpp).
+  Variable Shaped(char shape);
+  Variable Triples(int count);
+  Variable Row();
+  template <class Make>
+  Variable VectorOf(int count, Make make);
+
+  Random& random;
+  World& world;
+  // Points, lists or control values in this call's Vectors, so that they often fit together.
+  int count = 0;
+  std::string_view shapes;
+  std::size_t vectors = 0;
+  // Whether the method's integers count its own vertices.
+  bool countsVertices = false;
+};

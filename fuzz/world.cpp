@@ -1,0 +1,111 @@
+#include "fuzz/world.h"
+
+#include "classes/gl.h"
+#include "devhost/classes.h"
+#include "devhost/payload.h"
+#include "devhost/runtime.h"
+#include "module/exports.h"
+#include "render/topengl.h"
+#include "tests/recorder/recorder.h"
+#include "tests/unit/fake_device.h"
+#include "tests/unit/values.h"
+
+extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID reserved);
+
+namespace {
+
+void LoadTheModule() {
+  static const bool kHostIsReady = [] {
+    devhost::RegisterHostClasses();
+    RegisterFakeDevice();
+    return true;
+  }();
+  if (!kHostIsReady) return;
+  auto* const instance = reinterpret_cast<HINSTANCE>(std::uintptr_t{0x400000});
+  DllMain(instance, DLL_PROCESS_ATTACH, nullptr);
+  devhost::Module module;
+  module.path = "TalqOpenGL.dll";
+  module.methods = GetMethodTable(nullptr);
+  module.errors = GetErrorTable();
+  module.handle = instance;
+  devhost::AddModule(std::move(module));
+}
+
+}  // namespace
+
+World::World(Random& random) : random(random) {
+  recorder::Reset();
+  Device() = {};
+  LoadTheModule();
+  for (int i = 0; i < kObjects; ++i) {
+    renderers.push_back(NewObject("TOpenGL"));
+    colors.push_back(NewObject("OglColor"));
+    materials.push_back(NewObject("OglMaterial"));
+    // Half of them can draw from the start.
+    std::array device{NewObject("MDC")};
+    Variable nothing;
+    if (i % 2 == 0) devhost::CallMethod(nothing, renderers.back(), "Open", device);
+  }
+  devhost::Assign(meshObject, NewObject("POINT3"));
+  devhost::ObjectOf(meshObject)->native = &mesh;
+  ChangeDriver();
+}
+
+World::~World() {
+  devhost::ObjectOf(meshObject)->native = nullptr;
+  renderers.clear();
+  colors.clear();
+  materials.clear();
+  devhost::UnloadModules();
+}
+
+std::vector<Variable>& World::Pool(std::string_view className) {
+  if (className == "TOpenGL") return renderers;
+  return className == "OglColor" ? colors : materials;
+}
+
+Variable& World::ObjectOf(std::string_view className) {
+  return Pool(className)[static_cast<std::size_t>(random.Below(kObjects))];
+}
+
+Variable& World::AnyObject() { return ObjectOf(random.Pick({"TOpenGL", "OglColor", "OglMaterial"})); }
+
+Variable& World::MeshObject() { return meshObject; }
+
+Variable World::NewUnjoined(std::string_view className) {
+  Variable object;
+  devhost::MakeObject(object, devhost::FindClass(className));
+  return object;
+}
+
+void World::ChangeDriver() {
+  recorder::Answers& answers = recorder::Get().answers;
+  answers.pixelFormat = random.Percent(80) ? 1 : 0;
+  answers.createsContexts = random.Percent(80);
+  answers.makesCurrent = random.Percent(80);
+  answers.createsQuadrics = random.Percent(80);
+  answers.createsNurbs = random.Percent(80);
+  answers.nurbsError.reset();
+  if (random.Percent(20)) answers.nurbsError = 100251;
+  answers.strings.clear();
+  if (random.Percent(50)) answers.strings[GL_VENDOR] = "vendor";
+  answers.viewport.reset();
+  constexpr int kSizes[] = {0, 1, 2, 5, 16, -1, 0x7FFFFFFF};
+  if (random.Percent(80))
+    answers.viewport = {random.Integer(), random.Integer(), random.Pick(kSizes), random.Pick(kSizes)};
+  // Records of names, and now and then a buffer that is cut short or claims names that it does not hold.
+  answers.hits = random.Percent(90) ? random.Below(4) : -1;
+  answers.hitRecords = {1, 5, 6, 7, 2, 8, 9, 10, 11, 0, 1, 2};
+  if (random.Percent(20)) answers.hitRecords[0] = 0xFFFFFFFF;
+  Device().id = random.Percent(90) ? 0x1000 : 0;
+  Device().bottom = random.Integer();
+}
+
+std::size_t World::OpenRenderers() const {
+  std::size_t open = 0;
+  for (const Variable& renderer : renderers) {
+    const auto* native = NativeOf<TOpenGL>(renderer);
+    if (native && native->IsOpen()) ++open;
+  }
+  return open;
+}
