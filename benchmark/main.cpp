@@ -22,15 +22,21 @@ bool Prepare(Scene& scene) {
   // One pixel a unit at the origin, seen from where the viewer is at first.
   scene.renderer->SetViewPort(0, 0, 1024, 768);
   scene.renderer->SetClipping(-512, 512, -384, 384, 1000, 2000);
-  return OpenFrame(*scene.renderer, 1024, 768);
+  return OpenFrame(*scene.renderer, 1024, 768, scene.onWindow);
 }
 
 }  // namespace
 
-// Arguments: parts of names of works; without any, all rows are measured.
+// Arguments: --window for a window in place of the memory bitmap; then parts of names of works, without any of which
+// all rows are measured.
 int main(int argc, char** argv) {
   PinToOneCore();
   Scene scene;
+  if (argc > 1 && std::strcmp(argv[1], "--window") == 0) {
+    scene.onWindow = true;
+    --argc;
+    ++argv;
+  }
   if (!Prepare(scene)) {
     std::fprintf(stderr, "error: no renderer could be opened\n");
     return 1;

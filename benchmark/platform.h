@@ -9,8 +9,8 @@
 double Now();
 // Keeps the process on one processor core.
 void PinToOneCore();
-// Opens the renderer on a memory bitmap (on Windows) or on nothing. False when it cannot be opened.
-bool OpenFrame(TOpenGL& renderer, int width, int height);
+// Opens the renderer on a memory bitmap or a window (on Windows), or on nothing. False when it cannot be opened.
+bool OpenFrame(TOpenGL& renderer, int width, int height, bool onWindow);
 // Whether OpenGL draws; where it does not, every call is a stub.
 bool HasOpenGL();
 // Points this program's OpenGL imports at a function that counts, or back at OpenGL.

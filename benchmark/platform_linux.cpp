@@ -15,7 +15,7 @@ void PinToOneCore() {
   sched_setaffinity(0, sizeof cores, &cores);
 }
 
-bool OpenFrame(TOpenGL& renderer, int width, int height) {
+bool OpenFrame(TOpenGL& renderer, int width, int height, bool /*onWindow*/) {
   static int device;
   renderer.OpenBitmap(reinterpret_cast<HDC>(&device), {0, 0, width, height});
   return renderer.CanDraw();

@@ -81,9 +81,15 @@ double Now() {
 
 void PinToOneCore() { SetProcessAffinityMask(GetCurrentProcess(), 2); }
 
-bool OpenFrame(TOpenGL& renderer, int width, int height) {
-  static const MemoryFrame frame(width, height);
-  return frame.Open(renderer);
+bool OpenFrame(TOpenGL& renderer, int width, int height, bool onWindow) {
+  if (!onWindow) {
+    static const MemoryFrame frame(width, height);
+    return frame.Open(renderer);
+  }
+  HWND window = CreateWindowA("STATIC", "benchmark", WS_POPUP | WS_VISIBLE, 0, 0, width, height, nullptr, nullptr,
+                              nullptr, nullptr);
+  renderer.Open(GetDC(window), {0, 0, width, height});
+  return renderer.IsOpen() && renderer.IsBind();
 }
 
 bool HasOpenGL() { return true; }

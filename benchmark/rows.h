@@ -13,6 +13,7 @@
 struct Scene {
   Variable object;
   TOpenGL* renderer = nullptr;
+  bool onWindow = false;  // else on a memory bitmap
 };
 
 // An object that lives as long as the rows that use it.

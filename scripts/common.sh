@@ -61,3 +61,10 @@ use_wine() {
   export WINEPREFIX=$build/wine/$1 WINEDEBUG=-all WINEDLLOVERRIDES='mscoree=;mshtml=;winedbg.exe=;glu32=n'
   wine=/usr/lib/wine/wine64
 }
+
+# Runs a Wine program on a display of its own.
+with_virtual_display() {
+  # Wine's desktop closes before its display does, or it would complain.
+  xvfb-run -a -s '-screen 0 1024x768x24 +extension GLX' \
+    bash -c '"$@"; code=$?; /usr/lib/wine/wineserver -w; exit $code' - "$@"
+}
