@@ -8,35 +8,13 @@
 #include "render/topengl.h"
 #include "tests/recorder/recorder.h"
 #include "tests/unit/fake_device.h"
+#include "tests/unit/load_module.h"
 #include "tests/unit/values.h"
-
-extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID reserved);
-
-namespace {
-
-void LoadTheModule() {
-  static const bool kHostIsReady = [] {
-    devhost::RegisterHostClasses();
-    RegisterFakeDevice();
-    return true;
-  }();
-  if (!kHostIsReady) return;
-  auto* const instance = reinterpret_cast<HINSTANCE>(std::uintptr_t{0x400000});
-  DllMain(instance, DLL_PROCESS_ATTACH, nullptr);
-  devhost::Module module;
-  module.path = "TalqOpenGL.dll";
-  module.methods = GetMethodTable(nullptr);
-  module.errors = GetErrorTable();
-  module.handle = instance;
-  devhost::AddModule(std::move(module));
-}
-
-}  // namespace
 
 World::World(Random& random) : random(random) {
   recorder::Reset();
   Device() = {};
-  LoadTheModule();
+  LoadTestedModule();
   for (int i = 0; i < kObjects; ++i) {
     renderers.push_back(NewObject("TOpenGL"));
     colors.push_back(NewObject("OglColor"));

@@ -118,16 +118,20 @@ TEST_F(BindingTest, OwnMissingNativeIsReportedBeforeTheArguments) {
   ExpectNoNative("TOpenGL");
 }
 
+// What the constructor of the row takes; where it takes colours, the given one.
+std::vector<Variable> ConstructorArguments(const Row& row, const Variable& color) {
+  if (row.parameters == std::vector<std::string>{"copy"}) return {NewObject(row.className)};
+  const bool reads = row.parameters == std::vector<std::string>{"refer object ColorRef"};
+  return Arguments(row, reads ? ColorRef(5) : color);
+}
+
 TEST_F(BindingTest, ConstructorsJoinANewNative) {
   const Variable color = NewObject("OglColor");
   for (const Row& row : Rows()) {
     if (!row.IsConstructor()) continue;
     SCOPED_TRACE(row.name);
-    const bool copies = row.parameters == std::vector<std::string>{"copy"};
-    const bool reads = row.parameters == std::vector<std::string>{"refer object ColorRef"};
     Variable object = Unjoined(row.className);
-    const std::vector<Variable> args =
-        copies ? std::vector{NewObject(row.className)} : Arguments(row, reads ? ColorRef(5) : color);
+    const std::vector<Variable> args = ConstructorArguments(row, color);
     EXPECT_TRUE(IsUntouched(CallRow(object, row.name, args)));
     EXPECT_NE(object.GetAssID(), nullptr);
   }
@@ -138,10 +142,7 @@ TEST_F(BindingTest, ConstructorWithoutMemoryJoinsNothingAndRaisesNothing) {
   for (const Row& row : Rows()) {
     if (!row.IsConstructor()) continue;
     SCOPED_TRACE(row.name);
-    const bool copies = row.parameters == std::vector<std::string>{"copy"};
-    const bool reads = row.parameters == std::vector<std::string>{"refer object ColorRef"};
-    const std::vector<Variable> args =
-        copies ? std::vector{NewObject(row.className)} : Arguments(row, reads ? ColorRef(5) : color);
+    const std::vector<Variable> args = ConstructorArguments(row, color);
     Variable object = Unjoined(row.className);
     const FailingAllocation failure(1);
     CallRow(object, row.name, args);

@@ -2,10 +2,8 @@
 
 #include <memory>
 
-#include "classes/gl.h"
 #include "module/exports.h"
-
-extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID reserved);
+#include "tests/unit/load_module.h"
 
 namespace {
 
@@ -94,22 +92,9 @@ void ExpectModuleError(int code, std::string_view text) {
 }
 
 void ModuleTest::SetUp() {
-  static const bool kHostIsReady = [] {
-    devhost::RegisterHostClasses();
-    RegisterFakeDevice();
-    return true;
-  }();
-  ASSERT_TRUE(kHostIsReady);
   Device() = {};
   recorder::Reset();
-  auto* const instance = reinterpret_cast<HINSTANCE>(std::uintptr_t{0x400000});
-  DllMain(instance, DLL_PROCESS_ATTACH, nullptr);
-  devhost::Module loaded;
-  loaded.path = "TalqOpenGL.dll";
-  loaded.methods = GetMethodTable(nullptr);
-  loaded.errors = GetErrorTable();
-  loaded.handle = instance;
-  module = const_cast<devhost::Module*>(devhost::AddModule(std::move(loaded)));
+  module = LoadTestedModule();
   ASSERT_TRUE(module);
   ASSERT_EQ(module->errorBase, kModuleErrorBase);
 }
