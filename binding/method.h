@@ -87,8 +87,8 @@ struct MemberType<R (T::*)(A...)> {
 template <class T, class R, class... A>
 struct MemberType<R (T::*)(A...) const> : MemberType<R (T::*)(A...)> {};
 
-// Not constexpr: reached in a row, it stops the compiler.
-inline void SignatureTextDoesNotFitTheFunction() {}
+// Not constexpr, and defined nowhere: reached in a row, it stops the compiler.
+void SignatureTextDoesNotFitTheFunction();
 
 // Row of a member function whose arguments and result convert one to one.
 template <auto member>

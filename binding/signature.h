@@ -67,8 +67,11 @@ constexpr bool IsConstructorOf(std::string_view signature) {
   std::string_view list = signature;
   if (!Consume(list, kScriptClass<T>) || !Consume(list, "::") || !Consume(list, kScriptClass<T>) || !Consume(list, "("))
     return false;
-  if constexpr ((sizeof...(A) == 1) && (std::is_same_v<A, const T&> && ...)) return list == "copy)";
-  return ListsKinds<A...>(list);
+  if constexpr (std::is_same_v<void(A...), void(const T&)>) {
+    return list == "copy)";
+  } else {
+    return ListsKinds<A...>(list);
+  }
 }
 
 // Whether the signature destroys a T.

@@ -48,6 +48,31 @@ TEST_F(ByValueTest, SumsDifferencesAndProductsStayInTheirType) {
   EXPECT_EQ(TakeHostCalls(), "");
 }
 
+// 3 and 2 of one type, without the host.
+template <class T>
+void ExpectOwnType() {
+  const Variable three(T{3});
+  const Variable two(T{2});
+  EXPECT_TRUE(Holds(three + two, T{5}));
+  EXPECT_TRUE(Holds(three - two, T{1}));
+  EXPECT_TRUE(Holds(three * two, T{6}));
+}
+
+TEST_F(ByValueTest, EveryTypeOfNumberIsComputedWithoutTheHost) {
+  ExpectOwnType<unsigned char>();
+  ExpectOwnType<int>();
+  ExpectOwnType<long long>();
+  ExpectOwnType<float>();
+  ExpectOwnType<double>();
+  EXPECT_EQ(TakeHostCalls(), "");
+}
+
+TEST_F(ByValueTest, OtherPairsOfOneTypeAreTheHostsAffair) {
+  for (const ByValue compute : {kPlus, kMinus, kTimes, kOver, kModulo}) compute(Text("sun"), Text("flower"));
+  EXPECT_EQ(TakeHostCalls(), "Add Sub Mul Div Rest");
+  EXPECT_NE(TakeError(), "");
+}
+
 TEST_F(ByValueTest, IntegersDividedGiveTheirProduct) {
   EXPECT_TRUE(Holds(Variable(6) / Variable(3), 18));
   EXPECT_TRUE(Holds(Variable(-6LL) / Variable(3LL), -18LL));
@@ -94,6 +119,19 @@ TEST_F(ByValueTest, ZeroDivisorsAreTheHostsAffair) {
     EXPECT_EQ(TakeError(), "10 Division by zero.");
     EXPECT_EQ(TakeHostCalls(), "Rest");
   }
+}
+
+// Only integers are read again in the next type: what lies behind a zero byte or float does not count.
+TEST_F(ByValueTest, WhatLiesBehindAZeroDoesNotDivide) {
+  Variable byte = Byte(0);
+  byte.slot.int64 = 3LL << 8;
+  Variable number(0.0F);
+  number.slot.int64 = 3LL << 32;
+  byte / byte;
+  byte % byte;
+  number / number;
+  EXPECT_EQ(TakeHostCalls(), "Div Rest Div");
+  EXPECT_EQ(TakeError(), "10 Division by zero.");
 }
 
 TEST_F(ByValueTest, RemaindersOfFloatsAreTheHostsAffair) {

@@ -8,6 +8,7 @@
 #include "image/blend.h"
 #include "image/processor.h"
 #include "image/swap.h"
+#include "tests/unit/processor_limit.h"
 
 namespace {
 
@@ -98,6 +99,36 @@ TEST(PixelLoops, BlendOfEveryPairOfBytes) {
       EXPECT_TRUE(blended == expected) << factor;
     }
   }
+}
+
+// Each kind of processor takes a way of its own.
+TEST(PixelLoops, EveryProcessorDoesTheSame) {
+  const Bytes before = Pattern(300, 1);
+  const Bytes others = Pattern(300, 2);
+  Bytes blended = before;
+  BlendByFormula(blended.data(), others.data(), blended.size(), 0.3F);
+  Bytes swapped = before;
+  SwapPixels(swapped.data(), 100);
+  for (const ProcessorLimit limit :
+       {ProcessorLimit{}, ProcessorLimit{.allowsAvx512 = false},
+        ProcessorLimit{.allowsSsse3 = false, .allowsAvx2 = false, .allowsAvx512 = false}}) {
+    Processors() = limit;
+    Bytes bytes = before;
+    Blend(bytes.data(), others.data(), bytes.size(), 0.3F);
+    EXPECT_EQ(bytes, blended);
+    bytes = before;
+    SwapRedAndBlue(bytes.data(), 10, 10);
+    EXPECT_EQ(bytes, swapped);
+  }
+  Processors() = {};
+}
+
+// The compiler's library asks the processor by itself.
+TEST(PixelLoops, ProcessorIsWhatTheCompilersLibraryTakesItFor) {
+  EXPECT_EQ(HasSsse3(), __builtin_cpu_supports("ssse3") != 0);
+  EXPECT_EQ(HasAvx2(), __builtin_cpu_supports("avx2") != 0);
+  EXPECT_EQ(HasAvx512(), __builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512dq") &&
+                             __builtin_cpu_supports("avx512bw") && __builtin_cpu_supports("avx512vl"));
 }
 
 }  // namespace
