@@ -72,6 +72,8 @@ void CallMember(VarRegister& result, VarRegister* args, int argc, Processor* pro
   });
 }
 
+// A member function's class, its handler, and whether a signature text fits it. `Owner` is the class of the script
+// object's native object: the same one, or one that has it as a part.
 template <class Member>
 struct MemberType;
 template <class T, class R, class... A>
@@ -119,6 +121,8 @@ void JoinNew(T* native, Variable* object, Processor* processor) {
   native->Join(object, processor);
 }
 
+// The handlers behind Constructor and Destructor. Destroying breaks the joint and deletes the native object; without
+// one it does nothing.
 template <class T, class... A>
 void HandleConstructor(VarRegister& /*result*/, VarRegister* args, int argc, Processor* processor) {
   Variable* object = args[argc - 1];

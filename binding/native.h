@@ -20,6 +20,7 @@ struct ClassTexts {
 };
 inline ClassTexts classTexts;
 
+// The script class's name of a native class, as the host takes it.
 template <class T>
 char* ClassText();
 template <>
@@ -40,6 +41,7 @@ inline char* ClassText<OGLMaterial>() {
 template <class T>
 inline std::uintptr_t virtualTable = 0;
 
+// The word that a native object begins with.
 inline std::uintptr_t FirstWord(const void* native) {
   std::uintptr_t word = 0;
   std::memcpy(&word, native, sizeof(word));
@@ -61,7 +63,7 @@ inline bool IsOwnNative(const void* native) {
   return table == virtualTable<TOpenGL> || table == virtualTable<OGLColor> || table == virtualTable<OGLMaterial>;
 }
 
-// The same, with error 43 and the class's name raised for null.
+// As JoinedTo, with error 43 and the class's name raised for null.
 template <class T, class Holder>
 T* Native(Holder& object) {
   T* native = JoinedTo<T>(object);

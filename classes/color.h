@@ -9,6 +9,7 @@ class OGLColor : public TalqAss {
  public:
   // Opaque white.
   OGLColor() = default;
+  // These four components.
   OGLColor(float red, float green, float blue, float alpha) : red(red), green(green), blue(blue), alpha(alpha) {}
   // Copies the four components; the association with a script object is never copied.
   OGLColor(const OGLColor& other)
@@ -35,10 +36,12 @@ class OGLColor : public TalqAss {
     return *this;
   }
 
+  // The components, as they were given.
   float GetRed() const { return red; }
   float GetGreen() const { return green; }
   float GetBlue() const { return blue; }
   float GetAlpha() const { return alpha; }
+  // Red, green, blue, alpha.
   const float* Components() const { return &red; }
 
   float red = 1.0F;

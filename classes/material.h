@@ -15,6 +15,7 @@ class OGLMaterial : public TalqAss {
   OGLMaterial(float red, float green, float blue, float alpha);
   // Both faces get these four colours; shininess as above.
   OGLMaterial(const OGLColor& ambient, const OGLColor& diffuse, const OGLColor& specular, const OGLColor& emission);
+  // Copies the components and both shininess values; the association with a script object is never copied.
   OGLMaterial(const OGLMaterial& other);
   OGLMaterial& operator=(const OGLMaterial& other);
   ~OGLMaterial() override;
@@ -22,10 +23,12 @@ class OGLMaterial : public TalqAss {
   // Diffuse 0.9 x, ambient 0.4 x, specular 1 x and emission 0 x the colour, on one face. Required: unlike the
   // constructor's, the specular colour is the given one.
   void SetColor(float red, float green, float blue, float alpha, Flag front);
+  // One colour of one face, as given.
   void SetDiffuse(float red, float green, float blue, float alpha, Flag front);
   void SetSpecular(float red, float green, float blue, float alpha, Flag front);
   void SetAmbient(float red, float green, float blue, float alpha, Flag front);
   void SetEmission(float red, float green, float blue, float alpha, Flag front);
+  // The specular exponent of one face. Nothing is checked; OpenGL takes 0 to 128.
   void SetShininess(float value, Flag front);
 
   // The colour of one face; opaque white unless both faces have this component.
@@ -35,7 +38,8 @@ class OGLMaterial : public TalqAss {
   OGLColor GetEmission(Flag front) const;
   float GetShininess(Flag front) const;
 
-  // Sends the eight colours, front before back, then both shininess values. Needs a current context; switches nothing.
+  // Sends the eight colours with glMaterialfv, front before back, then both shininess values. Needs a current context;
+  // switches nothing, so that with colour material on the current colour wins over ambient and diffuse.
   void Apply() const;
 
  private:

@@ -14,6 +14,7 @@ class OGLMaterialColor : public OGLColor {
   OGLMaterialColor& operator=(const OGLMaterialColor& other) = default;
   ~OGLMaterialColor() override = default;
 
+  // Replaces everything.
   void Set(unsigned newParameter, float newRed, float newGreen, float newBlue, float newAlpha, unsigned newFace) {
     SetColor(newRed, newGreen, newBlue, newAlpha);
     parameter = newParameter;

@@ -10,6 +10,7 @@ set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
 set(LLVM_VERSION 19 CACHE STRING "Major version of the LLVM packages")
 set(TALQ_MSVC_ABI_CROSS TRUE)
+set(TALQ_MINGW_RUNTIME TRUE)
 set(here "${CMAKE_CURRENT_LIST_DIR}")
 
 set(CMAKE_CXX_COMPILER clang++-${LLVM_VERSION})
@@ -21,23 +22,13 @@ set(CMAKE_TRY_COMPILE_TARGET_TYPE STATIC_LIBRARY)
 set(CMAKE_CXX_COMPILER_WORKS TRUE)
 set(CMAKE_MSVC_RUNTIME_LIBRARY "")
 
-# libc++'s build settings: no threads, no localisation, no vcruntime; everything else as Debian ships it.
-set(libcxx "/usr/lib/llvm-${LLVM_VERSION}/include/c++/v1")
-file(READ "${libcxx}/__config_site" site)
-foreach(name _LIBCPP_HAS_NO_LOCALIZATION _LIBCPP_HAS_NO_THREADS _LIBCPP_HAS_NO_FILESYSTEM
-             _LIBCPP_HAS_NO_MONOTONIC_CLOCK _LIBCPP_NO_VCRUNTIME)
-  string(REPLACE "/* #undef ${name} */" "#define ${name}" site "${site}")
-endforeach()
-file(CONFIGURE OUTPUT "${CMAKE_BINARY_DIR}/libcxx-config/__config_site" CONTENT "${site}" @ONLY)
-
+# -fgnuc-version defines the macros by which MinGW's headers choose what they declare, and nothing else.
+include("${here}/linux-headers.cmake")
+list(TRANSFORM header_folders PREPEND "-isystem ")
 string(JOIN " " CMAKE_CXX_FLAGS_INIT
-  -fgnuc-version=12.2.0 -fms-extensions -fno-exceptions -fno-rtti -fno-threadsafe-statics
+  -fgnuc-version=12.2.0 -fno-exceptions -fno-rtti -fno-threadsafe-statics
   -ffunction-sections -fdata-sections "-ffile-prefix-map=${CMAKE_SOURCE_DIR}/="
-  -D_LIBCPP_DISABLE_VISIBILITY_ANNOTATIONS -D_LIBCPP_NO_AUTO_LINK
-  -nostdinc++ -nostdlibinc -include "${here}/crt-prelude.h"
-  -isystem "${CMAKE_BINARY_DIR}/libcxx-config" -isystem "${libcxx}"
-  -isystem "/usr/lib/llvm-${LLVM_VERSION}/lib/clang/${LLVM_VERSION}/include"
-  -isystem /usr/x86_64-w64-mingw32/include)
+  ${header_definitions} -nostdinc++ -nostdlibinc -include "${here}/crt-prelude.h" ${header_folders})
 set(CMAKE_CXX_FLAGS_RELEASE_INIT "-O2 -DNDEBUG")
 
 set(CMAKE_USER_MAKE_RULES_OVERRIDE_CXX "${here}/windows-msvc-abi-rules.cmake")

@@ -2,7 +2,7 @@
 # Target names differ by more than case, because project files on Windows are named after them.
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}")
 
-if(TALQ_MSVC_ABI_CROSS)
+if(TALQ_MINGW_RUNTIME)
   add_library(crt_support STATIC cmake/crt-support.cpp cmake/crt-string.cpp)
   target_link_libraries(project_options INTERFACE crt_support)
 endif()
@@ -27,7 +27,7 @@ add_library(talq_module SHARED ${module_sources} module/talqopengl.def)
 set_target_properties(talq_module PROPERTIES OUTPUT_NAME TalqOpenGL LINK_DEPENDS "${host_library}")
 target_link_libraries(talq_module PRIVATE project_options "${host_library}" opengl32 glu32 gdi32)
 add_dependencies(talq_module host_names)
-if(TALQ_MSVC_ABI_CROSS)
+if(TALQ_MINGW_RUNTIME)
   # The C runtime's own printf serves the module's few texts; MinGW's would make the DLL a fifth larger.
   target_compile_definitions(talq_module PRIVATE __USE_MINGW_ANSI_STDIO=0)
   if(TALQ_TRAP)

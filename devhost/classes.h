@@ -11,23 +11,26 @@
 
 namespace devhost {
 
+// A registered row.
 struct Method {
   std::string text;  // the signature as registered
   Signature signature;
   ScriptHandler handler;
-  const MethodEntry* table;
+  const MethodEntry* table;  // that it came with
 };
 
+// A class of scripts, or with the name "" the plain functions.
 struct Class {
   std::string name;
-  std::vector<Method> methods;  // in table order
-  std::map<std::string, std::vector<std::size_t>, std::less<>> overloads;
+  std::vector<Method> methods;                                             // in table order
+  std::map<std::string, std::vector<std::size_t>, std::less<>> overloads;  // by name: indices into methods
 };
 
 // The class, or the plain functions with ""; null when there is none.
 const Class* FindClass(std::string_view name);
 // The class whose methods can be called on the value: "String" for texts, "Vector" for arrays; null when it has none.
 const Class* ClassOf(const Variable& value);
+// Whether the class has a method of the name.
 bool HasMethod(const Class& type, std::string_view name);
 // Whether the method has a form without parameters.
 bool HasPlainMethod(const Class& type, std::string_view name);

@@ -16,6 +16,7 @@ using Computations = std::array<Computation, 8>;
 // The host's own general routines, which never use those of a module.
 extern const Computations kOwnComputations;
 
+// From now on these compute for scripts.
 void UseComputations(const Computations& table);
 
 }  // namespace devhost

@@ -10,11 +10,14 @@ struct MatrixData {
   int columns = 0;
   std::vector<double> entries;  // row by row
 
+  // Of zeros.
   MatrixData(int rowCount, int columnCount);
+  // Counted from 0; not checked.
   double& At(int row, int column);
   double At(int row, int column) const;
 };
 
+// Square.
 MatrixData IdentityMatrix(int size);
 // The factors' inner sizes must agree.
 MatrixData Product(const MatrixData& a, const MatrixData& b);

@@ -10,6 +10,7 @@ namespace devhost {
 
 struct Class;
 
+// Tags of values whose slot points to a record that counts its references; 2048 is kObjectType (runtime.h).
 inline constexpr int kCountedTypes = TVAR_FUNCTION | TVAR_BYTES | TVAR_ARRAY | 2048;
 
 // Bytes lie in memory of malloc, with a zero past the end so that they serve as a C text; null when memory was out.
@@ -20,11 +21,13 @@ struct BytesPayload {
   ~BytesPayload();
 };
 
+// The elements of a Vector.
 struct ArrayPayload {
   int references = 0;
   std::vector<Variable> elements;
 };
 
+// A field of an object, by the id of its name.
 struct FieldSlot {
   unsigned short name;
   Variable value;
@@ -32,6 +35,7 @@ struct FieldSlot {
 
 // A script object. All live ones form a list, so that unloading can destroy what is left.
 struct ObjectPayload {
+  // Adds it to the list; its destructor takes it out.
   explicit ObjectPayload(const Class* objectClass);
   ObjectPayload(const ObjectPayload&) = delete;
   ObjectPayload& operator=(const ObjectPayload&) = delete;
@@ -48,6 +52,7 @@ struct ObjectPayload {
   ObjectPayload* next = nullptr;
 };
 
+// Whether the value is a number of any type.
 inline bool IsNumeric(const Variable& value) { return (value.type & kNumericTypes) != 0; }
 
 // The payload of a value, or null when the value is of another type.

@@ -19,6 +19,7 @@ static_assert(sizeof(RegisterState) <= sizeof(VarRegister));
 // The argument registers of one call: the script's arguments, the script object, and a few empty ones behind it.
 class RegisterFrame {
  public:
+  // Room for `count` registers, the script object's among them, and the empty ones.
   explicit RegisterFrame(int count);
   RegisterFrame(const RegisterFrame&) = delete;
   RegisterFrame& operator=(const RegisterFrame&) = delete;
@@ -26,6 +27,7 @@ class RegisterFrame {
 
   // Register i stands for the value from now on.
   void Bind(int index, Variable& value);
+  // The first of them; they lie one behind the other.
   VarRegister* Registers() { return registers; }
 
  private:

@@ -34,6 +34,7 @@ enum HostError : int {
   kErrorNoNativeObject = 43,  // a script object without its native object
 };
 
+// A raised error.
 struct Error {
   int code = 0;
   std::string text;  // complete sentence for the user; of a module's error: its message, then what it was raised with
@@ -49,6 +50,7 @@ void Raise(int code, std::string text);
 const Error* PendingError();
 // How many errors were raised since the last ClearError.
 int RaisedCount();
+// Nothing is pending and none is counted any more.
 void ClearError();
 // Name of an error code ("OGL_WRONG_DC"; "" for a code without one).
 std::string ErrorName(int code);
@@ -57,6 +59,7 @@ std::string ErrorName(int code);
 
 // target = source: numbers are copied, everything else is shared.
 void Assign(Variable& target, const Variable& source);
+// The target becomes a new text, or the number 1 or 0.
 void AssignText(Variable& target, std::string_view text);
 void AssignBool(Variable& target, bool value);
 // Truth of a value: a non-zero number, a non-empty text or array, any object.
@@ -115,6 +118,7 @@ bool CallFunction(Variable& result, std::string_view name, std::span<Variable> a
 
 // ---- Modules ------------------------------------------------------------------------------------------------------
 
+// A module and what its exports said.
 struct Module {
   std::string path;
   std::string version;                   // text of export ordinal 2

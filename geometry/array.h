@@ -11,13 +11,16 @@
 template <class T>
 class Array {
  public:
+  // No array.
   Array() = default;
+  // Room for count elements, default-initialised: numbers have no value yet. None when count is negative or no int.
   explicit Array(long long count) : count(count >= 0 && count <= INT_MAX ? static_cast<int>(count) : 0) {
     if (this->count == count) elements.reset(new (std::nothrow) T[static_cast<std::size_t>(count)]);
   }
 
   // Whether it could be allocated.
   explicit operator bool() const { return elements != nullptr; }
+  // How many elements were asked for; an index is not checked.
   int Count() const { return count; }
   T* Data() { return elements.get(); }
   const T* Data() const { return elements.get(); }
@@ -29,13 +32,14 @@ class Array {
   int count = 0;
 };
 
-// Reads the elements of a Vector, one for each of the array.
+// Reads the elements of a Vector, one for each of the array, as the array's type. What is no number sets the script's
+// error status.
 template <class T>
 void Fill(Array<T>& elements, Variable& vector) {
   for (int i = 0; i < elements.Count(); ++i) elements[i] = vector[i];
 }
 
-// The elements of a Vector as integers.
+// The elements of a Vector as integers; no array when memory is out.
 inline Array<int> DecodeIntegers(Variable& vector) {
   Array<int> integers(vector.GetDim());
   if (integers) Fill(integers, vector);

@@ -13,13 +13,15 @@
 // Owns the decoded triples; false when they could not be allocated.
 class Triples {
  public:
+  // No triples.
   Triples() = default;
-  // Room for count triples and one spare float, which is required and never used.
+  // Room for count triples without a value yet, and one spare float, which is required and never used.
   explicit Triples(int count);
 
   explicit operator bool() const { return values != nullptr; }
   operator TripleSpan() const { return {values.get(), count}; }
   int Count() const { return count; }
+  // 3 * Count() floats; null when there are none.
   float* Values() { return values.get(); }
 
  private:
@@ -30,6 +32,6 @@ class Triples {
 // Points or normals; the members of objects are "x", "y", "z".
 Triples DecodePoints(Variable& vector);
 
-// Colours for expectedCount points; the members of objects are "Red", "Green", "Blue". Numbers, when there are exactly
-// as many as points, are packed 0x00BBGGRR colours.
+// Colours for expectedCount points, components from 0 to 1; the members of objects are "Red", "Green", "Blue". Numbers,
+// when there are exactly as many as points, are packed 0x00BBGGRR colours. How many colours there are is not checked.
 Triples DecodeColors(Variable& vector, int expectedCount);

@@ -1,4 +1,4 @@
-// One vertex attribute from three floats.
+// One vertex attribute from three floats, between glBegin and glEnd.
 #pragma once
 
 #include "classes/gl.h"

@@ -22,7 +22,8 @@ class Processor;
 class VarRegister;
 class Variable;
 
-// Value types; the numeric ones make up kNumericTypes, the integer ones kIntegerTypes.
+// Value types: the tag says which member of a Variable's slot holds the value. The numeric ones make up kNumericTypes,
+// the integer ones kIntegerTypes.
 enum TVARTYPE : int {
   TVAR_INT64 = 2,
   TVAR_BYTE = 4,
@@ -59,6 +60,7 @@ class TALQ_API Variable {
     void* pointer;
   };
 
+  // An empty value; a copy; a number of the argument's type.
   Variable();
   Variable(const Variable& other);
   explicit Variable(unsigned char value);
@@ -76,26 +78,31 @@ class TALQ_API Variable {
   void Init(TVARTYPE type, int n);
 
   TVARTYPE GetType();
+  // Nonzero for a value of one of kNumericTypes.
   int IsNumber();
+  // Nonzero for a reference to another value, which GetPointer then yields.
   int IsPointer();
   Variable* GetPointer();
   // Number of elements of an array.
   int GetDim();
+  // The bytes of a byte string, or null.
   String* GetString();
   // The native object joined to a script object, or null.
   void* GetAssID();
 
+  // An element, counted from 0; a field of an object, by its name or by the id that Token::GetNameID gives.
   Variable& operator[](int index);
   Variable& operator()(char* field);
   Variable& operator()(unsigned short nameId);
 
-  // A failed conversion sets the running script's error status.
+  // The number; the bytes of a byte string. A failed conversion sets the running script's error status.
   operator int();
   operator unsigned long();
   operator float();
   operator double();
   operator unsigned char*();
 
+  // Replaces what the value holds.
   Variable& operator=(const Variable&) = delete;
   Variable& operator=(int value);
   Variable& operator=(unsigned long value);
@@ -119,18 +126,23 @@ class TALQ_API VarRegister {
   VarRegister(const VarRegister&) = delete;
   ~VarRegister();
 
+  // The argument as a number, or as the bytes of a byte string.
   operator float();
   operator int();
   operator long long();
   operator unsigned char*();
+  // The value in the register itself.
   operator Variable&();
   operator Variable*();
   Variable& GetVar();
   // A named field of the object in the register.
   Variable& operator()(char* field);
+  // The argument's truth as the host's own number for it: nonzero for true.
   int IsTrue();
+  // The native object joined to the script object in the register, or null.
   void* GetAssID();
 
+  // These make the call's result.
   void SetBool(int value);
   VarRegister& operator=(const VarRegister&) = delete;
   VarRegister& operator=(float value);
@@ -154,8 +166,9 @@ class TALQ_API TalqAss {
   TalqAss(const TalqAss&) = delete;
   TalqAss& operator=(const TalqAss&) = delete;
   virtual ~TalqAss();
-  // From now on GetAssID on the script object yields this native object.
+  // From now on GetAssID on the script object yields this native object; the context is the call's Processor.
   void Join(Variable* object, void* context);
+  // Undoes Join.
   void BreakJoint();
 
  private:
@@ -174,6 +187,7 @@ class TALQ_API Processor : public Owner {
  public:
   // Creates a script object of the named class in target, running its constructor with the arguments.
   void MakeInstance(Variable& target, char* className, VarRegister* args, int count);
+  // Calls a script method of the object, or a script function, with `count` arguments and fills the result.
   int RunMethod(VarRegister& result, char* method, VarRegister* args, int count, Variable* object);
   int RunFunction(VarRegister& result, Variable& function, VarRegister* args, int count);
 };
@@ -184,14 +198,17 @@ class TALQ_API Token {
   static unsigned short GetNameID(char* name);
 };
 
+// The module's connection to the host.
 class TALQ_API TVConnect {
  public:
+  // The current interpreter.
   Processor* GetOwner();
 };
 
+// May be null.
 TALQ_API TVConnect* GetConnector();
 
-// Raises an error in the running script and returns.
+// Raises an error in the running script and returns. The text, which may be null, is added to the code's message.
 TALQ_API void TalqError(int code, char* text);
 TALQ_API void TalqError(int code);
 // The base of a module's own error codes; 65535: it has none.
@@ -200,7 +217,7 @@ TALQ_API unsigned short GetErrorOffset(HINSTANCE__* module);
 // The host's allocator. To be confirmed against the real host: the meaning of x, y and z (they are passed through).
 extern "C" TALQ_API void* HMALLOC(std::size_t size, std::size_t x, std::size_t y, std::size_t z);
 
-// The host's general arithmetic, for operands of any types. The names are the host's.
+// The host's general arithmetic, for operands of any types: result = a op b. The names are the host's.
 // NOLINTBEGIN(bugprone-reserved-identifier)
 TALQ_API void __AddNumb(Variable& result, const Variable& a, const Variable& b);
 TALQ_API void __SubNumb(Variable& result, const Variable& a, const Variable& b);

@@ -3,8 +3,8 @@
 
 #include "render/triples.h"
 
-// Of the corners P0, P1, P2 from point k on: (P2 - P1) x (P0 - P1), not normalised. It points to where they are seen
-// counter-clockwise.
+// Its three coordinates, of the corners P0, P1, P2 from point k on: (P2 - P1) x (P0 - P1), not normalised. It points to
+// where they are seen counter-clockwise.
 inline float FaceNormalX(TripleSpan points, int k) {
   const float* p0 = points[k];
   const float* p1 = p0 + 3;

@@ -15,6 +15,7 @@ class OGLLightColor : public OGLColor {
       : OGLColor(red, green, blue, alpha), parameter(parameter) {}
   ~OGLLightColor() override = default;
 
+  // Replaces everything.
   void Set(unsigned newParameter, float newRed, float newGreen, float newBlue, float newAlpha) {
     SetColor(newRed, newGreen, newBlue, newAlpha);
     parameter = newParameter;
@@ -26,13 +27,14 @@ class OGLLightColor : public OGLColor {
   unsigned parameter;
 };
 
-// The light's settings. A colour that could not be allocated is absent: it is not set and not applied, and it reads as
-// opaque white.
+// The light's settings. Setters store; OpenGL hears of them at the next Apply, of two-sidedness at the next Enable. A
+// colour that could not be allocated is absent: it is not set and not applied, and it reads as opaque white.
 class OGLLightSet {
  public:
   // Ambient 0.2 x, diffuse 0.8 x, specular 1 x the colour, all with its alpha; at (100, 100, 2000), no spot, one side.
   OGLLightSet(float red, float green, float blue, float alpha);
 
+  // The colours as given, without the constructor's shares.
   void SetAmbient(float red, float green, float blue, float alpha);
   void SetDiffuse(float red, float green, float blue, float alpha);
   void SetSpecular(float red, float green, float blue, float alpha);
@@ -43,12 +45,14 @@ class OGLLightSet {
   OGLColor GetDiffuse() const;
   OGLColor GetSpecular() const;
 
-  // In eye coordinates: the light moves with the viewer.
+  // In eye coordinates: the light moves with the viewer. w is 1 for a place; OpenGL takes 0 as a direction.
   void SetPosition(float x, float y, float z, float w) { position.Set(x, y, z, w); }
   OGLPoint GetPosition() const { return position; }
-  // In degrees; 180 is no spot.
+  // Half the spot cone's angle in degrees, around the direction that Apply names; 180 is no spot. Nothing is checked;
+  // OpenGL takes 0 to 90 and 180.
   void SetSpotCutoff(float degrees) { spotCutoff = degrees; }
   float GetSpotCutoff() const { return spotCutoff; }
+  // Whether back faces are lit too, with the back material.
   void SetTwoSide(Flag on) { twoSide = on; }
   Flag GetTwoSide() const { return twoSide; }
 

@@ -3,6 +3,7 @@
 
 // A homogeneous point or direction; w is 1 for points.
 struct OGLPoint {
+  // The origin.
   OGLPoint() = default;
   OGLPoint(float x, float y, float z, float w) : x(x), y(y), z(z), w(w) {}
 
@@ -16,7 +17,8 @@ struct OGLPoint {
   float w = 1.0F;
 };
 
-// A rectangle. Required: given as left, top, right, bottom, stored as left, right, top, bottom.
+// A rectangle, all zeros at first. Its sizes are negative where the sides are the other way round. Required: given as
+// left, top, right, bottom, stored as left, right, top, bottom.
 struct OGLRect {
   OGLRect() = default;
   OGLRect(float left, float top, float right, float bottom) : left(left), right(right), top(top), bottom(bottom) {}
@@ -33,7 +35,8 @@ struct OGLRect {
   float bottom = 0.0F;
 };
 
-// A viewing frustum: its rectangle on the near plane, and the distances of the near and far planes.
+// A viewing frustum: its rectangle on the near plane, and the distances of the near and far planes from the eye. Given
+// in the order in which it is stored: left, right, top, bottom, near, far.
 struct OGLFrustum : OGLRect {
   OGLFrustum(float left, float right, float top, float bottom, float zNear, float zFar)
       : OGLRect(left, top, right, bottom), zNear(zNear), zFar(zFar) {}
@@ -41,6 +44,7 @@ struct OGLFrustum : OGLRect {
   void Set(float newLeft, float newRight, float newTop, float newBottom, float newNear, float newFar) {
     *this = OGLFrustum(newLeft, newRight, newTop, newBottom, newNear, newFar);
   }
+  // Negative, as near lies before far.
   float Depth() const { return zNear - zFar; }
 
   float zNear;

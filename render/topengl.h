@@ -57,6 +57,7 @@ class TOpenGL : public TalqAss {
   void FreeMDC();
   // The same, and deletes the own context. Harmless when nothing is open.
   void Close();
+  // Whether there is a rendering context; whether a device context is set.
   bool IsOpen() const { return renderContext != nullptr; }
   bool IsBind() const { return deviceContext != nullptr; }
   // Asks for a hardware-accelerated pixel format at the next Open.
@@ -69,37 +70,43 @@ class TOpenGL : public TalqAss {
 
   // ---- Frame (frame.cpp)
 
-  // Clears colour and depth; does nothing unless open and bound.
+  // Clears colour and depth of the whole frame; does nothing unless open and bound.
   void Clear() const;
   // glFlush and glFinish, whatever the state.
   void Flush() const;
+  // Each Clear takes it, opening too.
   void SetClearColor(const OGLColor& color);
-  // Vendor, renderer, version and extensions of the current context; "" for what OpenGL does not tell.
+  // Vendor, renderer, version and extensions of the current context; "" for what OpenGL does not tell. The texts
+  // are OpenGL's own.
   std::array<const char*, 4> GetVersion() const;
 
   // ---- View (view.cpp)
 
-  // In device coordinates (y grows downwards); fractions are cut off when it is applied.
+  // In device coordinates (y grows downwards); fractions are cut off when it is applied. Applied with the projection.
   void SetViewPort(float left, float top, float right, float bottom);
   OGLRect GetViewPort() const { return viewport; }
-  // Applying it discards the model transform. A zero up direction becomes (1, 0, 0).
+  // Eye, the point looked at, and the up direction, which is kept with length 1: what gluLookAt takes. Applying it
+  // discards the model transform. A zero up direction becomes (1, 0, 0).
   void SetViewerPos(float eyeX, float eyeY, float eyeZ, float centerX, float centerY, float centerZ, float upX,
                     float upY, float upZ);
+  // The three as they are kept.
   void GetViewer(OGLPoint& eye, OGLPoint& center, OGLPoint& up) const;
   // The frustum as glFrustum takes it. Nothing is checked; what OpenGL rejects leaves the identity projection.
   void SetClipping(float left, float right, float bottom, float top, float zNear, float zFar);
-  // fovy: the full vertical field of view in degrees; aspect: width over height. zNear below or at 0 becomes 1.
+  // fovy: the full vertical field of view in degrees; aspect: width over height. zNear below or at 0 becomes 1. Sets
+  // the frustum: its top is zNear * tan(fovy / 2), with 3.14159 for pi.
   void SetPerspective(float fovy, float aspect, float zNear, float zFar);
-  // Model-view := look-at of the viewer.
+  // Model-view := look-at of the viewer. Leaves the matrix mode at model-view.
   void ApplyViewer() const;
   // Projection := frustum. Leaves the matrix mode at model-view.
   void ApplyProjection() const;
 
   // ---- Light, fog and drawing state (state.cpp)
 
+  // The stored settings, to be read and changed.
   OGLLightSet& GetLights() { return lights; }
   OGLFog& GetFog() { return fog; }
-  // Reaches OpenGL at once, open or not, with the whole light.
+  // In eye coordinates. Reaches OpenGL at once, open or not, with the whole light.
   void SetLightPosition(float x, float y, float z);
   // Switches lighting alone; the light itself is sent by opening and by SetLightPosition. Switched off, drawing follows
   // the current colour.
@@ -108,7 +115,10 @@ class TOpenGL : public TalqAss {
   // Fog from the near to the far plane, as the frustum is at this moment.
   void EnableFog(Flag on);
   Flag IsFog() const { return fogEnabled; }
+  // Switches the fog on in OpenGL and sends its settings, without a context nothing. Distances from the eye; not
+  // stored.
   void SetFogRange(float start, float end) const;
+  // Blending by the alpha of what is drawn: source times alpha plus what is there times 1 - alpha.
   void EnableBlend(Flag on);
   Flag IsBlend() const { return blend; }
   // Smooth or flat shading.
@@ -126,8 +136,11 @@ class TOpenGL : public TalqAss {
   void SetOutlinePatch(Flag on) { outlinePatch = on; }
   Flag GetOutlinePatch() const { return outlinePatch; }
   // These four are not stored: without a context they do nothing.
+  // The current colour. With lighting on it also becomes ambient and diffuse colour of both faces from here on.
   void SetColor(const OGLColor& color) const;
+  // All of the material. With lighting on, the current colour drives it no longer.
   void SetMaterial(const OGLMaterial& material) const;
+  // Nothing is checked; OpenGL rejects sizes and widths that are not above 0.
   void SetPointSize(float pixels) const;
   void SetLineWidth(float pixels) const;
 
@@ -135,9 +148,12 @@ class TOpenGL : public TalqAss {
   // The model-view matrix is the viewer's look-at times the model transform. The first five do nothing without a
   // context; the others talk to OpenGL regardless. All leave the matrix mode at model-view.
 
+  // Each transforms what is drawn from here on before all transforms so far do. w is ignored. Seen from the
+  // axis's tip towards the origin, Rotate turns counter-clockwise.
   void Translate(const OGLPoint& offset) const;
   void Rotate(const OGLPoint& axis, float degrees) const;
   void Scale(float x, float y, float z) const;
+  // Keeps the model-view matrix on OpenGL's stack, and takes it from there. The stack's limits are OpenGL's.
   void PushModelMatrix() const;
   void PopModelMatrix() const;
   // The bare identity: drops the viewer's transform too.
@@ -152,17 +168,21 @@ class TOpenGL : public TalqAss {
   // ---- Display lists (lists.cpp)
   // List numbers are absolute. NewList, CallList and CallLists do nothing without a context.
 
-  // The first of `count` new consecutive numbers, or 0.
+  // The first of `count` new consecutive numbers, or 0, as for a negative count.
   int GenLists(int count) const;
   // Starts recording; ignores numbers below 1.
   void NewList(int list) const;
+  // Ends recording.
   void EndList() const;
+  // Draw what was recorded; a number without a list draws nothing.
   void CallList(int list) const;
   void CallLists(const int* lists, int count) const;
+  // Deletes the lists from `first` on.
   void DeleteLists(int first, int count) const;
 
   // ---- Selection (selection.cpp)
 
+  // OpenGL's stack of names, which each hit record copies. Outside a selection OpenGL ignores these four.
   void InitNameStack() const;
   void PushName(int name) const;
   void PopName() const;
@@ -174,21 +194,26 @@ class TOpenGL : public TalqAss {
   // Ends selecting. The number of hit records in the select buffer, -1 when they did not fit; nothing, with
   // OGL_NO_SELECTION_MODE raised, when no selection was begun.
   std::optional<int> EndSelection();
+  // Hit records one behind the other, as glSelectBuffer lays them out: how many names, least and greatest depth (0 to
+  // 2^32 - 1), the names, the lowest first.
   std::span<const unsigned> GetSelectBuffer() const { return selectBuffer; }
 
   // ---- Primitive batches (geometry/triangles.cpp, points_lines.cpp, quads.cpp, indexed.cpp)
-  // Each does nothing unless open and bound. The counts fit together; the handlers have checked them.
+  // Each does nothing unless open and bound. The counts fit together; the handlers have checked them. A span of normals
+  // has one a vertex, where nothing else is said.
 
+  // Points, one after the other; lines through all, or from each first to each second of them.
   void SetPoints(TripleSpan points) const;
   void LineStrip(TripleSpan points) const;
   void Lines(TripleSpan points) const;
-  // Draws nothing when there are not as many colours as points.
+  // Lines with a colour for each end. Draws nothing when there are not as many colours as points.
   void ColorLines(TripleSpan points, TripleSpan colors) const;
-  // One normal a face, computed from its corners and not normalised.
+  // One normal a face, computed from its corners (render/face_normal.h) and not normalised.
   void Triangles(TripleSpan points) const;
   // One normal a vertex, or one a face when there are fewer.
   void Triangles(TripleSpan points, TripleSpan normals) const;
-  // The same with colours, one a vertex or one a face. Lit, a colour becomes a material; unlit, the current colour.
+  // The same with as many colours as points. With one normal a face, face i takes colour i whole. Lit, a colour becomes
+  // a material (that of OGLMaterial's constructor); unlit, the current colour.
   void ColorTriangles(TripleSpan points, TripleSpan normals, TripleSpan colors) const;
   // Triangles picked by index from several lists, which count on through all of them. A run of triangles of one list
   // is drawn with that list's material, if it has one; an index that no list holds is skipped.
@@ -198,26 +223,33 @@ class TOpenGL : public TalqAss {
                      std::span<const OGLMaterial* const> materials) const;
   // Computed normals: the first triangle's for its three vertices, then each triangle's own, turned to one side.
   void TriangleStrip(TripleSpan points) const;
+  // As OpenGL's primitives of these names.
   void TriangleStrip(TripleSpan points, TripleSpan normals) const;
   void QuadStrip(TripleSpan points, TripleSpan normals) const;
   void Quads(TripleSpan points, TripleSpan normals) const;
   void Polygon(TripleSpan points, TripleSpan normals) const;
+  // With one colour a vertex, which becomes the current colour, lit or not.
   void ColorQuads(TripleSpan points, TripleSpan normals, TripleSpan colors) const;
   void ColorPolygon(TripleSpan points, TripleSpan normals, TripleSpan colors) const;
 
   // ---- Solids (geometry/quadrics.cpp, solids.cpp)
-  // Each does nothing unless open and bound.
+  // Each does nothing unless open and bound. The round ones but the torus are GLU's quadrics, with GLU's limits:
+  // without memory for one nothing is drawn.
 
+  // As many stacks as slices; the poles lie on the z axis.
   void Sphere(const OGLPoint& center, float radius, int slices) const;
-  // Along +z from the origin.
+  // Along +z from the origin, without the ends.
   void Cylinder(float baseRadius, float topRadius, float height, int slices, int stacks) const;
+  // In the plane z = 0 around the origin, with as many loops as slices; an inner radius of 0 leaves no hole.
   void Disk(float innerRadius, float outerRadius, int slices) const;
   // Slices and loops are cut to integers. Required: the angle, in degrees, is where it starts and how far it sweeps.
   void PartialDisk(float innerRadius, float outerRadius, float slices, float loops, int degrees) const;
   // Centred on the origin. Required: the sizes come as x, z, y.
   void Box(float sizeX, float sizeZ, float sizeY) const;
+  // From its lowest corner on. Leaves the matrix mode at model-view.
   void BoxAt(const OGLPoint& corner, float sizeX, float sizeZ, float sizeY) const;
-  // Around the z axis. Fewer than one segment or side draws nothing.
+  // Around the z axis: the tube's centre runs at ringRadius from it, in `segments` steps; the tube has `sides`. Fewer
+  // than one segment or side draws nothing.
   void Torus(float ringRadius, int segments, float tubeRadius, int sides) const;
 
   // ---- Splines (geometry/splines.cpp)
@@ -225,6 +257,7 @@ class TOpenGL : public TalqAss {
 
   // knots: count of control points + 4; controls: x, y, z each.
   void SplineCurve(std::span<float> knots, float* controls) const;
+  // Leaves OpenGL computing normals or not, as the surface needed it.
   void SplineSurface(const NurbsSurface& surface) const;
 
   // ---- Bitmaps (image/bitmaps.cpp)
@@ -254,11 +287,17 @@ class TOpenGL : public TalqAss {
   // ---- Volume point clouds (image/volume.cpp)
   // No script method reaches these. They do not ask whether the renderer is open.
 
-  // Compiles the volume's visible voxels into a display list of points centred on the origin; returns its number.
+  // Compiles the volume's visible voxels into a display list of points centred on the origin, one unit apart, blended
+  // and tested for depth; returns its number. `data` has width * height * depth voxels, x running fastest, then y. mode
+  // 1: one byte a voxel, the index into the four tables of 256 entries; mode 3: blue, green, red, opaque as the alpha
+  // table says of their mean, and invisible where blue and green, and green and red, differ by less than the threshold.
+  // A voxel of alpha 0 is left out. Slices are walked along the axis (0, 1, 2: x, y, z), `step` apart, upwards
+  // (direction 0) or downwards (1). Other modes, axes and directions, and a step below 1, make an empty list.
   unsigned BuildVolumePoints(const unsigned char* data, int width, int height, int depth, const unsigned char* redTable,
                              const unsigned char* greenTable, const unsigned char* blueTable,
                              const unsigned char* alphaTable, int mode, int axis, int direction, int step,
                              int threshold) const;
+  // Deletes such a list; draws one, and flushes.
   void DeleteVolumePoints(unsigned list) const;
   void DrawVolumePoints(unsigned list) const;
 

@@ -3,6 +3,7 @@
 
 #include "host/talq.h"
 
+// Writes a op b into the result.
 using Computation = void (*)(Variable& result, const Variable& a, const Variable& b);
 
 // Required: what is returned is a copy that the host's constructor makes.

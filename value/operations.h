@@ -8,6 +8,7 @@ template <class T>
 using Wrapping = std::conditional_t<std::is_floating_point_v<T>, T,
                                     std::conditional_t<sizeof(T) == 8, unsigned long long, unsigned>>;
 
+// a + b, a - b, a * b.
 struct Sum {
   template <class T>
   static T Of(T a, T b) {
@@ -29,7 +30,7 @@ struct Product {
   }
 };
 
-// The divisor is not zero. The smallest integer divided by -1 is itself.
+// a / b, towards zero. The divisor is not zero. The smallest integer divided by -1 is itself.
 struct Quotient {
   template <class T>
   static T Of(T a, T b) {
@@ -40,7 +41,7 @@ struct Quotient {
   }
 };
 
-// The divisor is not zero. Anything modulo -1 is 0.
+// a % b, with the sign of a. The divisor is not zero. Anything modulo -1 is 0.
 struct Remainder {
   template <class T>
   static T Of(T a, T b) {

@@ -27,6 +27,7 @@ inline double SlotOf<double>(const Variable& value) {
   return value.slot.float64;
 }
 
+// Writes the number into the slot and leaves the type tag alone.
 inline void SetSlot(Variable& value, long long number) { value.slot.int64 = number; }
 inline void SetSlot(Variable& value, unsigned char number) { value.slot.byte = number; }
 inline void SetSlot(Variable& value, int number) { value.slot.int32 = number; }

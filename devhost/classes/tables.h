@@ -8,6 +8,7 @@
 
 namespace devhost {
 
+// One table a class, then one a subject of plain functions; each ends with a null row.
 extern const MethodEntry kVectorMethods[];
 extern const MethodEntry kStringMethods[];
 extern const MethodEntry kPointMethods[];

@@ -58,6 +58,7 @@ struct Expression {
   std::string text;
   std::vector<ExpressionPtr> operands;
 
+  // Whether it names a variable; whether it can be assigned to.
   bool IsName() const { return kind == Kind::Global || kind == Kind::Local; }
   bool IsPlace() const { return IsName() || kind == Kind::Index || kind == Kind::Field; }
 };
@@ -84,6 +85,7 @@ struct Statement {
   std::vector<StatementPtr> statements;
 };
 
+// A function that the script defines.
 struct FunctionDefinition {
   std::string name;
   int slot = 0;            // of the script-level variable that holds it
@@ -92,6 +94,7 @@ struct FunctionDefinition {
   StatementPtr body;
 };
 
+// A whole script.
 struct Program {
   std::vector<std::unique_ptr<Source>> sources;  // the script and what it includes
   int parameterCount = 0;                        // of `param`; they are the first globals

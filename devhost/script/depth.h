@@ -3,6 +3,7 @@
 
 namespace devhost::script {
 
+// One level while it lives.
 class Depth {
  public:
   Depth() { ++level; }

@@ -9,6 +9,7 @@
 
 namespace devhost::script {
 
+// Why a text is no program.
 struct SyntaxError {
   Location at;
   std::string message;

@@ -7,6 +7,7 @@
 
 namespace devhost::script {
 
+// A file, or what stands for one.
 struct Source {
   std::string name;  // the file's path as messages show it
   std::string text;
@@ -27,6 +28,7 @@ struct Location {
   int caret = 0;        // characters of the excerpt before the place
 };
 
+// Counts the lines up to the place.
 Location Locate(Position at);
 
 // "file:line:column: message", the excerpt and a caret under the place, each line ending with "\n".

@@ -70,6 +70,7 @@ enum class TokenKind {
   Decrement,
 };
 
+// A word and where it stands; `integer` and `real` are the value of a number.
 struct Token {
   TokenKind kind = TokenKind::End;
   std::size_t offset = 0;  // of its first byte

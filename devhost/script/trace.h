@@ -13,9 +13,11 @@ class ErrorTrace {
  public:
   // The place of the error. Only the first one counts until Clear: those who unwind from it pass by again.
   void Locate(Position at);
+  // Whether a place is known.
   bool IsLocated() const { return located; }
   // The error is leaving a function that was called from here.
   void LeaveCall(std::string_view function, Position at);
+  // Forgets the place and the calls.
   void Clear();
 
   // The pending error as a script's author reads it: place, code, name and text, source line, callers.

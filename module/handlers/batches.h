@@ -6,7 +6,7 @@
 #include "geometry/decode.h"
 #include "render/topengl.h"
 
-// ---- Which numbers of points, normals and colours fit together
+// ---- Which numbers of points, normals and colours fit together. All counts are of triples.
 
 constexpr bool FitsTriangles(int points) { return points % 3 == 0 && points >= 1; }
 constexpr bool FitsTriangles(int points, int normals) {
@@ -25,7 +25,8 @@ constexpr bool FitsQuads(int points, int normals, int colors) { return FitsQuads
 constexpr bool FitsQuadStrip(int points, int normals) { return normals == points && points >= 4; }
 constexpr bool FitsAlways(int /*points*/) { return true; }
 
-// ---- Handlers: decode every array, then draw, unless one is missing or the script has an error
+// ---- Handlers: decode every array, then draw, unless one is missing or the script has an error. They raise error 43
+// when the script object has no renderer. `draw` is the renderer's member, `fits` the rule for its counts.
 
 // False, with error 8 raised, when the counts do not fit.
 inline bool CheckCounts(bool fit) {

@@ -1,5 +1,6 @@
 """Checks of the built DLLs: tables, virtual tables, size, and that nothing of the build machine is left in them."""
 
+import os
 import pathlib
 import re
 import subprocess
@@ -8,7 +9,7 @@ import pefile
 import pytest
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
-BUILD = ROOT / "build" / "windows-cross"
+BUILD = ROOT / "build" / os.environ.get("TALQ_BUILD", "windows-cross")
 MODULE = BUILD / "TalqOpenGL.dll"
 HOST = BUILD / "Talq.dll"
 

@@ -15,6 +15,7 @@
 
 namespace recorder {
 
+// A call as it came.
 struct Call {
   std::string name;
   std::vector<std::string> arguments;  // enumerants by name, arrays as {1, 2, 3}
@@ -63,6 +64,7 @@ struct Balance {
   std::vector<std::string> Problems() const;
 };
 
+// What was noted, what is answered, and the little state that the stand-ins keep.
 struct Recorder {
   std::vector<Call> calls;
   Answers answers;
@@ -81,6 +83,7 @@ struct Recorder {
   }
 };
 
+// The one that all stand-ins share.
 Recorder& Get();
 // Back to the first state: nothing noted, nothing current, everything succeeds.
 void Reset();

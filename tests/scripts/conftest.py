@@ -11,7 +11,7 @@ import PIL.Image
 import pytest
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
-PROGRAMS = ROOT / "build" / "windows-cross"
+PROGRAMS = ROOT / "build" / os.environ.get("TALQ_BUILD", "windows-cross")
 WINE = "/usr/lib/wine/wine64"
 WINE_SERVER = "/usr/lib/wine/wineserver"
 TIME_LIMIT = 900  # seconds

@@ -31,6 +31,7 @@ class DevhostTest : public testing::Test {
     return text;
   }
 
+  // Values: a text, a Vector, an object of a class.
   static Variable Text(std::string_view text) {
     Variable value;
     devhost::AssignText(value, text);
@@ -51,6 +52,7 @@ class DevhostTest : public testing::Test {
     return object;
   }
 
+  // What a method, or a plain function, returns; an empty value when it fails.
   static Variable Call(Variable object, const char* method, std::vector<Variable> args = {}) {
     Variable result;
     devhost::CallMethod(result, object, method, args);

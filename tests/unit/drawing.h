@@ -8,6 +8,7 @@
 
 using Floats = std::vector<float>;
 
+// One call with the three numbers of a triple; the same as a vertex, a normal, a colour, and for all vertices.
 inline std::string Triple(const char* function, const Floats& values, int index) {
   const float* triple = values.data() + static_cast<std::ptrdiff_t>(3) * index;
   return Line(function, triple[0], triple[1], triple[2]) + "\n";
@@ -22,6 +23,7 @@ inline std::string Vertices(const Floats& points) {
   return lines;
 }
 
+// What stands between glBegin and glEnd, with both.
 inline std::string Primitive(const char* mode, const std::string& body) {
   return "glBegin(" + std::string(mode) + ")\n" + body + "glEnd()\n";
 }

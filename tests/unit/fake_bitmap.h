@@ -6,6 +6,7 @@
 
 #include "host/talq.h"
 
+// What a bitmap answers, and what it was asked.
 struct FakeBitmap {
   int width = 0;
   int height = 0;

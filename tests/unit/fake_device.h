@@ -6,6 +6,7 @@
 
 #include "host/talq.h"
 
+// What a device answers, and what it was asked.
 struct FakeDevice {
   long long id = 0x1000;
   int left = 0;
@@ -19,4 +20,5 @@ struct FakeDevice {
 // What all MDC objects answer from.
 FakeDevice& Device();
 
+// Makes the class known to the host; once.
 void RegisterFakeDevice();

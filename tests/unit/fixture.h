@@ -46,6 +46,7 @@ Variable New(std::string_view row, const A&... args) {
   return object;
 }
 
+// An OglColor; a renderer that is closed.
 Variable NewColor(float red, float green, float blue, float alpha);
 Variable NewRenderer();
 // A renderer opened on a window of the fake device; the log of the opening is dropped.

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+// What was called, and what is answered.
 struct HostCalls {
   std::vector<std::string> general{};       // names of the general routines called, in order
   std::array<std::size_t, 4> allocation{};  // what HMALLOC was last called with
@@ -15,4 +16,5 @@ struct HostCalls {
   bool hasConnector = true;
 };
 
+// What all calls are noted in and answered from; a test sets it back by assigning {}.
 HostCalls& Host();

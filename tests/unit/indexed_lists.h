@@ -31,6 +31,7 @@ inline Variable Reference(Variable& target) {
   return reference;
 }
 
+// An OglMaterial that its red tells from others.
 inline Variable Material(float red) {
   return New("OglMaterial(number, number, number, number)", red, 0.0F, 0.0F, 1.0F);
 }

@@ -1,6 +1,7 @@
 // The whole script API: what the method table holds when it is complete.
 #pragma once
 
+// One row.
 struct MethodRow {
   int handler;  // rows of one number share a handler
   const char* signature;

@@ -14,6 +14,7 @@ struct Opening {
   std::string clearColor = "glClearColor(0, 0, 0, 1)\n";
   std::string blend = "glDisable(GL_BLEND)\n";
 
+  // All of it.
   std::string Log() const {
     return viewport + "glMatrixMode(GL_MODELVIEW)\nglLoadIdentity()\n" + viewer + shading +
            "glFrontFace(GL_CCW)\n"
@@ -25,6 +26,7 @@ struct Opening {
            "glHint(GL_LINE_SMOOTH_HINT, GL_FASTEST)\n" +
            light + fog + Projection() + clearColor + "glClear(GL_DEPTH_BUFFER_BIT)\n" + blend;
   }
+  // The part that sets the projection.
   std::string Projection() const {
     return "glMatrixMode(GL_PROJECTION)\nglLoadIdentity()\n" + frustum + "glMatrixMode(GL_MODELVIEW)\n";
   }

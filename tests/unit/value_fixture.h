@@ -10,6 +10,7 @@
 #include "tests/unit/host_calls.h"
 #include "value/arithmetic.h"
 
+// The tag of values of a C++ type.
 inline TVARTYPE TagOf(unsigned char /*number*/) { return TVAR_BYTE; }
 inline TVARTYPE TagOf(int /*number*/) { return TVAR_INT32; }
 inline TVARTYPE TagOf(long long /*number*/) { return TVAR_INT64; }
@@ -26,12 +27,14 @@ testing::AssertionResult Holds(const Variable& value, T expected) {
                                      << " of type " << TagOf(expected);
 }
 
+// A value of the type byte: the number's low eight bits.
 inline Variable Byte(int number) { return Variable(static_cast<unsigned char>(number)); }
 
+// The two forms of an operation.
 using InPlace = void (*)(Variable& result, const Variable& a, const Variable& b);
 using ByValue = Variable (*)(const Variable& a, const Variable& b);
 
-// What an in-place form leaves in a result that held a text.
+// What an in-place form leaves in a result that held a text; what a form by value returns.
 inline Variable Apply(InPlace operation, const Variable& a, const Variable& b) {
   Variable result;
   devhost::AssignText(result, "what was here");
@@ -53,6 +56,7 @@ int CountWrongPairs(Check check) {
   return wrong;
 }
 
+// A test of the exported arithmetic: the host's services work, and no call of them is noted yet.
 class ValueTest : public DevhostTest {
  protected:
   void SetUp() override {

@@ -8,6 +8,7 @@
 
 #include "host/talq.h"
 
+// The argument as a script value; truth is the number 1 or 0.
 inline Variable Value(float number) { return Variable(number); }
 inline Variable Value(int number) { return Variable(number); }
 inline Variable Value(bool truth) { return Variable(truth ? 1 : 0); }
@@ -17,10 +18,12 @@ inline const Variable& Value(const Variable& value) { return value; }
 Variable Numbers(const std::vector<float>& numbers);
 Variable Integers(const std::vector<int>& numbers);
 Variable Vector(const std::vector<Variable>& elements);
+// A text, and any bytes.
 Variable Text(std::string_view text);
 Variable ByteString(const std::vector<unsigned char>& bytes);
 // A new script object of the class, made through the host with the arguments.
 Variable NewObject(std::string_view className, std::vector<Variable> args = {});
+// Objects of the host's classes of these names; a colour is packed 0x00BBGGRR.
 Variable Point3(float x, float y, float z);
 Variable ColorRef(int packed);
 
