@@ -8,6 +8,7 @@ const char* const kUsage =
     "usage: talq [option...] script [argument...]\n"
     "       talq [option...] -e 'statements' [argument...]\n"
     "       talq [option...] --list\n"
+    "       talq --help [name]\n"
     "\n"
     "Runs a Talq script; its arguments are what its first statement, 'param', names.\n"
     "\n"
@@ -18,6 +19,7 @@ const char* const kUsage =
     "  --module-arithmetic\n"
     "                   compute two numbers of one type with what the module exports\n"
     "  --help           show this text\n"
+    "  --help NAME      show the reference's entry, as of TOpenGL::Sphere or Sphere; the methods of a class\n"
     "\n"
     "The exit code is 0, 1 after an error, or 2 when the command line is not understood.\n";
 
@@ -54,7 +56,9 @@ bool ReadCommandLine(std::span<char*> arguments, CommandLine& commandLine, std::
     const bool isLast = i + 1 == arguments.size();
     if (argument == "--help" || argument == "-h") {
       commandLine.action = Action::Help;
-      return true;
+      if (!isLast) commandLine.topic = arguments[i + 1];
+      if (arguments.size() > i + 2) message = "--help takes one name";
+      return message.empty();
     }
     if (ReadSwitch(argument, commandLine)) continue;
     if ((argument == "--module" || argument == "-e") && isLast) {

@@ -10,6 +10,7 @@ struct CommandLine {
   enum class Action { Help, List, RunFile, RunText };
 
   Action action = Action::RunFile;
+  std::string topic;      // of --help; empty: the program itself
   std::string script;     // the file's path, or the statements of -e
   std::span<char*> args;  // of the script
   std::string module;     // path; empty: TalqOpenGL.dll beside the program

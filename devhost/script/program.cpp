@@ -9,6 +9,7 @@
 #include "devhost/runtime.h"
 #include "devhost/script/command_line.h"
 #include "devhost/script/console.h"
+#include "devhost/script/help.h"
 #include "devhost/script/module_list.h"
 #include "devhost/script/parse.h"
 #include "devhost/script/script.h"
@@ -50,6 +51,21 @@ bool RunScript(const std::string& text, const std::string& name, std::span<char*
   return succeeded;
 }
 
+// Returns the exit code.
+int ShowHelp(const std::string& topic) {
+  std::string text;
+  std::string message;
+  if (topic.empty()) {
+    text = kUsage;
+  } else if (!FindHelp(Reference(), topic, text, message)) {
+    Complain("talq: " + message + "\n");
+    return 2;
+  }
+  std::fwrite(text.data(), 1, text.size(), stdout);
+  std::fflush(stdout);
+  return 0;
+}
+
 bool RunCommand(const CommandLine& commandLine) {
   const Module* module = nullptr;
   if (commandLine.usesModule) {
@@ -86,11 +102,7 @@ int TalqMain(int argc, char** argv) {
     Complain("talq: " + message + "; talq --help shows what there is\n");
     return 2;
   }
-  if (commandLine.action == CommandLine::Action::Help) {
-    std::fputs(kUsage, stdout);
-    std::fflush(stdout);
-    return 0;
-  }
+  if (commandLine.action == CommandLine::Action::Help) return ShowHelp(commandLine.topic);
   devhost::RegisterHostClasses();
   const bool succeeded = RunCommand(commandLine);
   const int joinedObjects = devhost::UnloadModules();
