@@ -86,16 +86,16 @@ struct Statement {
 
 struct FunctionDefinition {
   std::string name;
-  int slot = 0;            // of the script-level variable that holds it
-  int parameterCount = 0;  // they are the first locals
-  int localCount = 0;
+  int slot = 0;                     // of the script-level variable that holds it
+  int parameterCount = 0;           // they are the first locals
+  std::vector<std::string> locals;  // their names, by slot
   StatementPtr body;
 };
 
 struct Program {
   std::vector<std::unique_ptr<Source>> sources;  // the script and what it includes
   int parameterCount = 0;                        // of `param`; they are the first globals
-  int globalCount = 0;
+  std::vector<std::string> globals;              // their names, by slot
   std::vector<std::unique_ptr<FunctionDefinition>> functions;
   std::vector<StatementPtr> statements;
 };

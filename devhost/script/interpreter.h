@@ -16,7 +16,7 @@ enum class Flow { Next, Break, Continue, Return, Failed };
 // false, null or Failed with the error pending and its place in CurrentTrace.
 class Interpreter {
  public:
-  Interpreter(std::span<Slot> scriptVariables, std::span<Slot> callVariables, Variable& callResult);
+  Interpreter(Scope scriptVariables, Scope callVariables, Variable& callResult);
 
   Flow Execute(const Statement& statement);
 
@@ -60,11 +60,14 @@ class Interpreter {
   bool EvaluateOperands(const Expression& expression, std::size_t first, std::vector<Variable>& values);
   bool FailedCall(const Expression& call, std::string_view name);
 
+  // interpreter_names.cpp
   bool FailUnknown(const Expression& name);
+  bool FailUnknownFunction(const Expression& name);
   bool FailAt(const Expression& expression);
+  std::vector<std::string> AssignedNames(bool functionsOnly) const;
 
-  std::span<Slot> globals;
-  std::span<Slot> locals;
+  Scope globals;
+  Scope locals;
   Variable& result;
 };
 

@@ -7,7 +7,7 @@ namespace devhost::script {
 
 using Kind = Statement::Kind;
 
-Interpreter::Interpreter(std::span<Slot> scriptVariables, std::span<Slot> callVariables, Variable& callResult)
+Interpreter::Interpreter(Scope scriptVariables, Scope callVariables, Variable& callResult)
     : globals(scriptVariables), locals(callVariables), result(callResult) {}
 
 Flow Interpreter::Execute(const Statement& statement) {

@@ -10,7 +10,6 @@ std::unique_ptr<Program> Parse(std::string_view text, std::string name, FileRead
   Compilation compilation{*program, readFile, error, false, 0, {}, {name}};
   program->sources.push_back(std::make_unique<Source>(Source{std::move(name), std::string(text)}));
   if (!Parser(compilation, *program->sources.front()).ParseFile()) return nullptr;
-  program->globalCount = static_cast<int>(compilation.globals.size());
   return program;
 }
 
@@ -88,8 +87,10 @@ std::string Parser::DescribeToken() const {
 Position Parser::Here() const { return {&source, token.offset}; }
 
 int Parser::GlobalSlot(const std::string& name) {
-  const int next = static_cast<int>(compilation.globals.size());
-  return compilation.globals.emplace(name, next).first->second;
+  std::vector<std::string>& names = compilation.program.globals;
+  const auto [found, isNew] = compilation.globals.emplace(name, static_cast<int>(names.size()));
+  if (isNew) names.push_back(name);
+  return found->second;
 }
 
 // The name is assigned here: inside a function that makes it local.

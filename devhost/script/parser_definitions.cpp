@@ -92,7 +92,8 @@ bool Parser::ParseFunction() {
   function = nullptr;
   if (definition->body == nullptr) return false;
   ResolveNames(scope);
-  definition->localCount = static_cast<int>(scope.locals.size());
+  definition->locals.resize(scope.locals.size());
+  for (const auto& [name, slot] : scope.locals) definition->locals[static_cast<std::size_t>(slot)] = name;
   compilation.program.functions.push_back(std::move(definition));
   return true;
 }

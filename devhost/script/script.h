@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <span>
+#include <string>
 #include <vector>
 
 #include "devhost/script/ast.h"
@@ -13,6 +14,12 @@ namespace devhost::script {
 struct Slot {
   Variable value;
   bool assigned = false;
+};
+
+// The variables of the script's top level or of one call, and their names.
+struct Scope {
+  std::span<Slot> slots;
+  std::span<const std::string> names;
 };
 
 // One run of a program: its script-level variables. Its functions can be called while it lives.
@@ -27,9 +34,10 @@ class Script {
   // pending, with its place in CurrentTrace.
   bool Run(Variable& result, std::span<Variable> args);
 
-  std::vector<Slot> globals;
+  Scope Globals() { return {globals, program.globals}; }
 
  private:
+  std::vector<Slot> globals;
   const Program& program;
   std::vector<Variable> functions;
 };

@@ -18,7 +18,7 @@ class ErrorTrace {
   void LeaveCall(std::string_view function, Position at);
   void Clear();
 
-  // The pending error as a script's author reads it: place, code, name and text, source line, callers.
+  // The pending error as a script's author reads it: place, code, name and text, source line, hint, callers.
   std::string Report() const;
 
  private:

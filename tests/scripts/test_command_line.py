@@ -106,6 +106,24 @@ def test_error_of_the_module_is_shown_with_code_name_and_text(talq):
     assert run.exit_code == 1, run.shown()
     assert "script.talq:2:" in run.stderr, run.shown()
     assert "error 1001 OGL_NO_DC" in run.stderr and "The Device Context is not Open" in run.stderr, run.shown()
+    assert "hint: the MDC has to be open; for BindMDC, the renderer too: gl->Open(device) or " in run.stderr
+
+
+@pytest.mark.parametrize(
+    "statement, column, hint",
+    [
+        ('gl->SetViewPort("wide");', 7, "TOpenGL::SetViewPort takes (left, top, right, bottom)"),
+        ("gl->SetViewport(0, 0, 8, 8);", 7, "did you mean TOpenGL::SetViewPort?"),
+        ("gl->EndSelection();", 7, "BeginSelection comes before EndSelection"),
+        ("g1->Clear();", 3, None),
+    ],
+)
+def test_hint_stands_below_the_caret(talq, statement, column, hint):
+    run = talq(f"gl = new TOpenGL();\n  {statement}\n")
+    assert run.exit_code == 1, run.shown()
+    shown = run.stderr.splitlines()
+    assert f"script.talq:2:{column}: " in shown[0] and shown[2] == " " * (column + 1) + "^", run.shown()
+    assert shown[3:] == ([f"  hint: {hint}"] if hint else []), run.shown()
 
 
 def test_module_that_is_not_there(talq_options):
