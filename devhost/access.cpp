@@ -42,6 +42,7 @@ Variable* CallGetter(Variable& object, const Class& type, std::string_view field
 // What a field that the object lacks may have been meant to be: a method, or another field.
 std::string HintOnField(const ObjectPayload& object, std::string_view name) {
   std::vector<std::string> fields;
+  fields.reserve(object.fields.size());
   for (const FieldSlot& field : object.fields) fields.emplace_back(NameOfId(field.name));
   if (object.type) {
     if (HasMethod(*object.type, name)) return FormsOf(*object.type, name);

@@ -66,6 +66,7 @@ struct Statement {
   // With what each kind keeps in `expressions` and in `statements`.
   enum class Kind {
     Evaluate,  // expression;
+    Show,      // expression; at the prompt: its value is printed
     Assign,    // place, value (op)
     Block,     // ; the statements
     If,        // condition; then, else or null

@@ -31,6 +31,7 @@ class Interpreter {
   Flow ExecuteReturn(const Statement& statement);
   bool Test(const Expression& condition, bool& truth);
   bool EvaluateForEffect(const Statement& statement);
+  bool Show(const Statement& statement);
 
   // interpreter_expressions.cpp
   bool Evaluate(const Expression& expression, Variable& value);

@@ -13,6 +13,22 @@ std::unique_ptr<Program> Parse(std::string_view text, std::string name, FileRead
   return program;
 }
 
+bool ParseMore(Program& program, std::string_view text, std::string name, FileReader readFile, SyntaxError& error) {
+  const std::size_t sourceCount = program.sources.size();
+  const std::size_t globalCount = program.globals.size();
+  const std::size_t functionCount = program.functions.size();
+  const std::size_t statementCount = program.statements.size();
+  Compilation compilation{program, readFile, error, false, 0, {}, {name}, true, functionCount};
+  for (std::size_t i = 0; i < globalCount; ++i) compilation.globals.emplace(program.globals[i], static_cast<int>(i));
+  program.sources.push_back(std::make_unique<Source>(Source{std::move(name), std::string(text)}));
+  if (Parser(compilation, *program.sources.back()).ParseFile()) return true;
+  program.statements.resize(statementCount);
+  program.functions.resize(functionCount);
+  program.globals.resize(globalCount);
+  program.sources.resize(sourceCount);
+  return false;
+}
+
 Parser::Parser(Compilation& sharedCompilation, const Source& parsedSource)
     : compilation(sharedCompilation), source(parsedSource), lexer(parsedSource.text) {
   Advance();
@@ -53,7 +69,9 @@ bool Parser::ExpectName(std::string& name, std::string_view what) {
 bool Parser::Fail(std::size_t offset, std::string message) {
   if (!compilation.failed) {
     compilation.failed = true;
-    compilation.error = {Locate({&source, offset}), std::move(message)};
+    const bool isOpenComment =
+        token.kind == TokenKind::Bad && std::string_view(source.text).substr(token.offset).starts_with("/*");
+    compilation.error = {Locate({&source, offset}), std::move(message), token.kind == TokenKind::End || isOpenComment};
   }
   return false;
 }

@@ -12,19 +12,12 @@
 #include "devhost/script/help.h"
 #include "devhost/script/module_list.h"
 #include "devhost/script/parse.h"
+#include "devhost/script/prompt.h"
 #include "devhost/script/script.h"
 #include "devhost/script/trace.h"
 
 namespace devhost::script {
 namespace {
-
-// Prints the message behind what the script has printed; false for the caller to return.
-bool Complain(const std::string& message) {
-  std::fflush(stdout);
-  std::fwrite(message.data(), 1, message.size(), stderr);
-  std::fflush(stderr);
-  return false;
-}
 
 // A script that cannot be read is told about where it is asked for, so the error is taken back.
 bool ReadScript(const std::string& path, std::string& text) {
@@ -79,6 +72,9 @@ bool RunCommand(const CommandLine& commandLine) {
     const std::string list = DescribeModule(*module);
     std::fwrite(list.data(), 1, list.size(), stdout);
     return true;
+  }
+  if (commandLine.action == CommandLine::Action::Interact) {
+    return RunPrompt(stdin, module != nullptr ? module->version : "No module is loaded.", ReadScript);
   }
   if (commandLine.action == CommandLine::Action::RunText) {
     return RunScript(commandLine.script, "-e", commandLine.args);

@@ -81,12 +81,15 @@ class CompiledText : public Function {
 
 }  // namespace
 
-Script::Script(const Program& runProgram) : globals(runProgram.globals.size()), program(runProgram) {
-  functions.resize(program.functions.size());
-  for (std::size_t i = 0; i < functions.size(); ++i) {
-    const FunctionDefinition& definition = *program.functions[i];
-    AssignFunction(functions[i], new ScriptFunction(*this, definition));
-    Set(globals[static_cast<std::size_t>(definition.slot)], functions[i]);
+Script::Script(const Program& runProgram) : program(runProgram) {}
+
+// Places for the program's variables and values of its functions, as far as they are new.
+void Script::TakeUp() {
+  globals.resize(program.globals.size());
+  while (functions.size() < program.functions.size()) {
+    const FunctionDefinition& definition = *program.functions[functions.size()];
+    AssignFunction(functions.emplace_back(), new ScriptFunction(*this, definition));
+    Set(globals[static_cast<std::size_t>(definition.slot)], functions.back());
   }
 }
 
@@ -97,6 +100,7 @@ Script::~Script() {
 
 bool Script::Run(Variable& result, std::span<Variable> args) {
   if (PendingError() == nullptr) CurrentTrace().Clear();
+  TakeUp();
   const auto parameterCount = static_cast<std::size_t>(program.parameterCount);
   if (args.size() > parameterCount) {
     Raise(kErrorNoOverload, "The script takes at most " + CountOfArguments(parameterCount) + "; the call has " +
@@ -108,12 +112,12 @@ bool Script::Run(Variable& result, std::span<Variable> args) {
   for (std::size_t i = 0; i < parameterCount; ++i) Set(globals[i], i < args.size() ? args[i] : nothing);
   result.Clear();
   Interpreter interpreter(Globals(), {}, result);
-  for (const StatementPtr& statement : program.statements) {
-    const Flow flow = interpreter.Execute(*statement);
-    if (flow == Flow::Return) break;
-    if (flow == Flow::Failed) return false;
+  Flow flow = Flow::Next;
+  while (flow == Flow::Next && nextStatement < program.statements.size()) {
+    flow = interpreter.Execute(*program.statements[nextStatement++]);
   }
-  return true;
+  nextStatement = program.statements.size();
+  return flow != Flow::Failed;
 }
 
 }  // namespace devhost::script

@@ -22,7 +22,7 @@ struct Scope {
   std::span<const std::string> names;
 };
 
-// One run of a program: its script-level variables. Its functions can be called while it lives.
+// A run of a program: its script-level variables. Its functions can be called while it lives.
 class Script {
  public:
   explicit Script(const Program& program);
@@ -30,16 +30,19 @@ class Script {
   Script(const Script&) = delete;
   Script& operator=(const Script&) = delete;
 
-  // Runs the statements with the arguments as `param` names them; missing ones are nothing. False when an error is
-  // pending, with its place in CurrentTrace.
+  // Runs the statements that have not run, all at first, with the arguments as `param` names them; missing ones are
+  // nothing. False when an error is pending, with its place in CurrentTrace.
   bool Run(Variable& result, std::span<Variable> args);
 
   Scope Globals() { return {globals, program.globals}; }
 
  private:
-  std::vector<Slot> globals;
+  void TakeUp();
+
   const Program& program;
+  std::vector<Slot> globals;
   std::vector<Variable> functions;
+  std::size_t nextStatement = 0;
 };
 
 }  // namespace devhost::script

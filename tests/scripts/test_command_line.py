@@ -21,7 +21,7 @@ def assert_located(run, place, message, line, column):
 def test_help_names_every_option(talq_options):
     run = talq_options("--help")
     assert run.exit_code == 0, run.shown()
-    for option in ("-e ", "--list", "--module ", "--no-module", "--module-arithmetic", "--help ", "--help NAME"):
+    for option in ("-e ", "-i ", "--list", "--module ", "--no-module", "--module-arithmetic", "--help ", "--help NAME"):
         assert option in run.stdout
 
 
@@ -45,6 +45,7 @@ def test_statements_of_the_command_line_run(talq_options):
         (["--no-such-option"], "unknown option --no-such-option"),
         ([], "no script is given"),
         (["-e"], "-e needs statements"),
+        (["-i", "x"], "-i takes no script"),
         (["--module"], "--module needs a path"),
     ],
 )
@@ -170,8 +171,8 @@ def test_missing_mesh(talq):
     assert "nowhere.obj" in run.stderr, run.shown()
 
 
-def run_project(*arguments, cwd):
-    return subprocess.run([ROOT / "run", *arguments], cwd=cwd, capture_output=True, text=True)
+def run_project(*arguments, cwd, text=""):
+    return subprocess.run([ROOT / "run", *arguments], cwd=cwd, input=text, capture_output=True, text=True)
 
 
 def test_run_hands_over_arguments_paths_and_exit_code(tmp_path):
@@ -180,6 +181,38 @@ def test_run_hands_over_arguments_paths_and_exit_code(tmp_path):
     assert done.returncode == 1
     assert done.stdout == "z x y\n"
     assert "own.talq:3:" in done.stderr and "enough" in done.stderr
+
+
+def test_run_opens_a_prompt(tmp_path):
+    entered = [
+        "device = new MDC(8, 8); gl = new TOpenGL();",
+        "gl->OpenBitmap(device)",
+        "gl->SetViewPort(0,",
+        "  0, 8, 8)",
+        "gl->IsOpen()",
+        "gl->EndSelection()",
+        "gl->GetViewPort()",
+        "exit",
+        "Print(1)",
+    ]
+    done = run_project("-i", cwd=tmp_path, text="\n".join(entered) + "\n")
+    assert done.returncode == 0, done.stderr
+    lines = done.stdout.split("\n")
+    assert lines[0] == "TALQ Support DLL v5.0 |TALQ version:5.03.04.a"
+    assert lines[1] == "help shows what can be entered, exit leaves."
+    assert lines[2:] == [
+        "talq> talq> RECT(0, 0, 8, 8)",
+        "talq>   ... talq> 1",
+        "talq> talq> [0, 8, 0, 8]",
+        "talq> ",
+    ]
+    assert "prompt:1:5: error 1005 OGL_NO_SELECTION_MODE" in done.stderr
+
+
+def test_prompt_ends_with_its_input(tmp_path):
+    done = run_project("--no-module", "-i", cwd=tmp_path, text="6 * 7")
+    assert (done.returncode, done.stderr) == (0, "")
+    assert done.stdout.startswith("No module is loaded.\n") and done.stdout.endswith("talq> 42\ntalq> \n")
 
 
 def test_run_names_a_missing_script(tmp_path):
