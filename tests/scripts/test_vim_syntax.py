@@ -95,6 +95,7 @@ def test_texts_and_their_escapes(groups_of):
         [('"a', "String"), (r"\n\x41", "Escape"), ("//", "String"), (r"\"", "Escape"), ('b"', "String")],
         [('"', "String"), (r"\q", "BadEscape"), ('"', "String")],
     ]
+    assert groups_of('"a\nif') == [[('"a', "")], [("if", "Conditional")]]
 
 
 def test_comments(groups_of):
