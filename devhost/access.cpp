@@ -5,6 +5,7 @@
 
 #include "devhost/classes.h"
 #include "devhost/names.h"
+#include "devhost/near_names.h"
 #include "devhost/number.h"
 #include "devhost/payload.h"
 #include "devhost/runtime.h"
@@ -36,6 +37,20 @@ Variable* CallGetter(Variable& object, const Class& type, std::string_view field
   if (!HasPlainMethod(type, getter)) return nullptr;
   Variable& result = Scratch();
   return CallMethod(result, object, getter, {}) ? &result : nullptr;
+}
+
+// What a field that the object lacks may have been meant to be: a method, or another field.
+std::string HintOnField(const ObjectPayload& object, std::string_view name) {
+  std::vector<std::string> fields;
+  fields.reserve(object.fields.size());
+  for (const FieldSlot& field : object.fields) fields.emplace_back(NameOfId(field.name));
+  if (object.type) {
+    if (HasMethod(*object.type, name)) return FormsOf(*object.type, name);
+    for (const std::string& method : MethodNames(object.type->name)) {
+      if (method.starts_with("Get") && HasPlainMethod(*object.type, method)) fields.push_back(method.substr(3));
+    }
+  }
+  return DidYouMean(name, fields);
 }
 
 Variable* ByteElement(const BytesPayload& bytes, long long index) {
@@ -71,7 +86,8 @@ Variable* FindField(Variable& object, unsigned short name) {
     if (Variable* value = CallGetter(object, *payload->type, text)) return value;
     if (RaisedCount() > raisedBefore) return nullptr;
   }
-  Raise(kErrorName, "A " + KindOf(object) + " has no field \"" + std::string(text) + "\".");
+  Raise(kErrorName, "A " + KindOf(object) + " has no field \"" + std::string(text) + "\".",
+        payload ? HintOnField(*payload, text) : "");
   return nullptr;
 }
 

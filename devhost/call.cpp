@@ -3,6 +3,7 @@
 
 #include "devhost/access.h"
 #include "devhost/classes.h"
+#include "devhost/near_names.h"
 #include "devhost/payload.h"
 #include "devhost/register.h"
 #include "devhost/runtime.h"
@@ -37,7 +38,7 @@ bool Invoke(Variable& result, const Class& type, std::string_view name, Argument
 bool ConstructWith(Variable& target, std::string_view className, Arguments& args) {
   const Class* type = className.empty() ? nullptr : FindClass(className);
   if (!type) {
-    Raise(kErrorName, "There is no class \"" + std::string(className) + "\".");
+    Raise(kErrorName, "There is no class \"" + std::string(className) + "\".", DidYouMean(className, ClassNames()));
     return false;
   }
   Variable object;

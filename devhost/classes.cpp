@@ -2,7 +2,9 @@
 
 #include <algorithm>
 
+#include "devhost/near_names.h"
 #include "devhost/payload.h"
+#include "devhost/reference.h"
 #include "devhost/runtime.h"
 
 namespace devhost {
@@ -62,27 +64,21 @@ std::string QualifiedName(const Class& type, std::string_view method) {
 }
 
 void RaiseUnknown(const Class& type, std::string_view name) {
-  if (type.name.empty()) {
-    Raise(kErrorName, "There is no function \"" + std::string(name) + "\".");
-  } else if (name == type.name) {
+  if (name == type.name) {
     Raise(kErrorName, "The class " + type.name + " cannot be constructed.");
   } else {
-    Raise(kErrorName, "There is no method \"" + std::string(name) + "\" in class " + type.name + ".");
+    Raise(kErrorName, "There is no method \"" + std::string(name) + "\" in class " + type.name + ".",
+          DidYouMean(name, MethodNames(type.name), type.name + "::"));
   }
 }
 
 void RaiseNoFit(const Class& type, std::string_view name, VarRegister* args, std::size_t count) {
-  std::string forms;
-  for (const std::size_t index : type.overloads.find(name)->second) {
-    if (!forms.empty()) forms += " or ";
-    forms += ParameterListText(type.methods[index].signature);
-  }
   std::string given;
   for (std::size_t i = 0; i < count; ++i) {
     if (i > 0) given += ", ";
     given += KindOf(args[i].GetVar());
   }
-  Raise(kErrorNoOverload, QualifiedName(type, name) + " takes " + forms + ", not (" + given + ").");
+  Raise(kErrorNoOverload, QualifiedName(type, name) + " does not take (" + given + ").", FormsOf(type, name));
 }
 
 }  // namespace
@@ -106,6 +102,17 @@ bool HasPlainMethod(const Class& type, std::string_view name) {
   if (found == type.overloads.end()) return false;
   return std::any_of(found->second.begin(), found->second.end(),
                      [&type](std::size_t index) { return type.methods[index].signature.parameters.empty(); });
+}
+
+std::string FormsOf(const Class& type, std::string_view name) {
+  std::string forms;
+  for (const std::size_t index : type.overloads.find(name)->second) {
+    const Method& method = type.methods[index];
+    const std::string_view arguments = ArgumentsInReference(method.text);
+    forms += forms.empty() ? " takes " : " or ";
+    forms += arguments.empty() ? ParameterListText(method.signature) : std::string(arguments);
+  }
+  return QualifiedName(type, name) + forms;
 }
 
 const Method* ResolveMethod(const Class& type, std::string_view name, VarRegister* args, int count) {
@@ -173,6 +180,14 @@ std::vector<std::string> ClassNames() {
   std::vector<std::string> names;
   for (const auto& [name, type] : Classes()) {
     if (!name.empty()) names.push_back(name);
+  }
+  return names;
+}
+
+std::vector<std::string> MethodNames(std::string_view className) {
+  std::vector<std::string> names;
+  if (const Class* type = FindClass(className)) {
+    for (const auto& [name, rows] : type->overloads) names.push_back(name);
   }
   return names;
 }

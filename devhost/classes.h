@@ -32,9 +32,12 @@ const Class* FindClass(std::string_view name);
 const Class* ClassOf(const Variable& value);
 // Whether the class has a method of the name.
 bool HasMethod(const Class& type, std::string_view name);
+// "TOpenGL::Rotate takes (x, y, z, angle) or (POINT3, angle)": every form of a method that the class has, with the
+// names that the reference gives its arguments, else with their types.
+std::string FormsOf(const Class& type, std::string_view name);
 // Whether the method has a form without parameters.
 bool HasPlainMethod(const Class& type, std::string_view name);
-// The method that these arguments fit, or null with an error raised that says which forms there are.
+// The method that these arguments fit, or null with an error raised whose hint says which forms there are.
 const Method* ResolveMethod(const Class& type, std::string_view name, VarRegister* args, int count);
 // The destructor, or null.
 const Method* DestructorOf(const Class& type);

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <iterator>
 #include <optional>
+#include <utility>
 
 #include "devhost/modules.h"
 #include "devhost/runtime.h"
@@ -46,6 +47,18 @@ const HostErrorText* FindHostError(int code) {
   return found == std::end(kHostErrors) ? nullptr : found;
 }
 
+// What helps against the errors of the OpenGL module that have a plain remedy.
+constexpr std::pair<std::string_view, const char*> kModuleHints[] = {
+    {"OGL_NO_DC", "the MDC has to be open; for BindMDC, the renderer too: gl->Open(device) or gl->OpenBitmap(device)"},
+    {"OGL_NO_SELECTION_MODE", "BeginSelection comes before EndSelection"},
+};
+
+std::string HintOn(std::string_view errorName) {
+  const auto* found = std::find_if(std::begin(kModuleHints), std::end(kModuleHints),
+                                   [errorName](const auto& row) { return row.first == errorName; });
+  return found == std::end(kModuleHints) ? "" : found->second;
+}
+
 // The text of a module's own error: the message of its table, then the detail that it was raised with.
 std::string ModuleErrorText(const ErrorEntry& entry, std::string_view detail) {
   std::string text = entry.message;
@@ -65,10 +78,10 @@ std::string ErrorText(int code, std::string_view detail) {
 
 }  // namespace
 
-void Raise(int code, std::string text) {
+void Raise(int code, std::string text, std::string hint) {
   ErrorState& state = State();
   ++state.raised;
-  if (!state.pending) state.pending = Error{code, std::move(text)};
+  if (!state.pending) state.pending = Error{code, std::move(text), std::move(hint)};
 }
 
 const Error* PendingError() {
@@ -88,7 +101,8 @@ std::string ErrorName(int code) {
 }  // namespace devhost
 
 void TalqError(int code, char* text) {
-  devhost::Raise(code, devhost::ErrorText(code, text ? std::string_view(text) : std::string_view()));
+  devhost::Raise(code, devhost::ErrorText(code, text ? std::string_view(text) : std::string_view()),
+                 devhost::HintOn(devhost::ErrorName(code)));
 }
 
 void TalqError(int code) { TalqError(code, nullptr); }

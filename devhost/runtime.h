@@ -38,6 +38,7 @@ enum HostError : int {
 struct Error {
   int code = 0;
   std::string text;  // complete sentence for the user; of a module's error: its message, then what it was raised with
+  std::string hint;  // what would help: "did you mean ...?", or the forms of a method; "" when nothing is known
 };
 
 // ---- Errors -------------------------------------------------------------------------------------------------------
@@ -45,7 +46,7 @@ struct Error {
 // The one interpreter state; Processor handles passed to modules point to it.
 Processor* CurrentProcessor();
 // Raises an error; while one is pending, later ones are counted but do not replace it.
-void Raise(int code, std::string text);
+void Raise(int code, std::string text, std::string hint = {});
 // The pending error, or null.
 const Error* PendingError();
 // How many errors were raised since the last ClearError.
@@ -109,9 +110,11 @@ bool HasFunction(std::string_view name);
 // Signatures of a class (of all plain functions with ""), or of one method of it, in table order.
 std::vector<std::string> SignaturesOf(std::string_view className, std::string_view method = {});
 std::vector<std::string> ClassNames();
+// Names of a class's methods (of all plain functions with ""), each once.
+std::vector<std::string> MethodNames(std::string_view className);
 
-// Each resolves the overload by count and kinds of the arguments; when none fits, the error says which forms exist.
-// False when an error is pending afterwards.
+// Each resolves the overload by count and kinds of the arguments; when none fits, the error's hint says which forms
+// exist. False when an error is pending afterwards.
 bool Construct(Variable& target, std::string_view className, std::span<Variable> args);
 bool CallMethod(Variable& result, Variable& object, std::string_view method, std::span<Variable> args);
 bool CallFunction(Variable& result, std::string_view name, std::span<Variable> args);

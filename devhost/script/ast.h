@@ -67,6 +67,7 @@ struct Statement {
   // With what each kind keeps in `expressions` and in `statements`.
   enum class Kind {
     Evaluate,  // expression;
+    Show,      // expression; at the prompt: its value is printed
     Assign,    // place, value (op)
     Block,     // ; the statements
     If,        // condition; then, else or null
@@ -88,9 +89,9 @@ struct Statement {
 // A function that the script defines.
 struct FunctionDefinition {
   std::string name;
-  int slot = 0;            // of the script-level variable that holds it
-  int parameterCount = 0;  // they are the first locals
-  int localCount = 0;
+  int slot = 0;                     // of the script-level variable that holds it
+  int parameterCount = 0;           // they are the first locals
+  std::vector<std::string> locals;  // their names, by slot
   StatementPtr body;
 };
 
@@ -98,7 +99,7 @@ struct FunctionDefinition {
 struct Program {
   std::vector<std::unique_ptr<Source>> sources;  // the script and what it includes
   int parameterCount = 0;                        // of `param`; they are the first globals
-  int globalCount = 0;
+  std::vector<std::string> globals;              // their names, by slot
   std::vector<std::unique_ptr<FunctionDefinition>> functions;
   std::vector<StatementPtr> statements;
 };

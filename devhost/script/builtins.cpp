@@ -51,15 +51,21 @@ bool TypeOf(Variable& result, std::span<Variable> args, std::string_view) {
 }
 
 constexpr Builtin kBuiltins[] = {
-    {"Print(value, ...)", "Print", 0, kAnyNumber, Print},
-    {"Assert(condition[, message])", "Assert", 1, 2, Assert},
-    {"Fail(text)", "Fail", 1, 1, Fail},
-    {"Raise(code, text)", "Raise", 2, 2, RaiseCode},
-    {"ErrorName(code)", "ErrorName", 1, 1, NameOfError},
-    {"TypeOf(value)", "TypeOf", 1, 1, TypeOf},
+    {"(value, ...)", "Print", 0, kAnyNumber, Print},
+    {"(condition[, message])", "Assert", 1, 2, Assert},
+    {"(text)", "Fail", 1, 1, Fail},
+    {"(code, text)", "Raise", 2, 2, RaiseCode},
+    {"(code)", "ErrorName", 1, 1, NameOfError},
+    {"(value)", "TypeOf", 1, 1, TypeOf},
 };
 
 }  // namespace
+
+std::vector<std::string> BuiltinNames() {
+  std::vector<std::string> names;
+  for (const Builtin& builtin : kBuiltins) names.emplace_back(builtin.name);
+  return names;
+}
 
 const Builtin* FindBuiltin(std::string_view name) {
   const auto found = std::find_if(std::begin(kBuiltins), std::end(kBuiltins),
@@ -69,8 +75,8 @@ const Builtin* FindBuiltin(std::string_view name) {
 
 bool CallBuiltin(const Builtin& builtin, Variable& result, std::span<Variable> args, std::string_view source) {
   if (args.size() >= builtin.fewest && args.size() <= builtin.most) return builtin.call(result, args, source);
-  Raise(kErrorNoOverload,
-        std::string(builtin.name) + " takes other arguments: " + std::string(builtin.signature) + ".");
+  const std::string name(builtin.name);
+  Raise(kErrorNoOverload, name + " takes other arguments.", name + " takes " + std::string(builtin.arguments));
   return false;
 }
 

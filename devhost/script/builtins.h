@@ -2,14 +2,16 @@
 #pragma once
 
 #include <span>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "devhost/runtime.h"
 
 namespace devhost::script {
 
 struct Builtin {
-  std::string_view signature;  // for messages: "Assert(condition, message)"
+  std::string_view arguments;  // for messages: "(condition, message)"
   std::string_view name;
   std::size_t fewest;  // arguments
   std::size_t most;
@@ -17,6 +19,7 @@ struct Builtin {
   bool (*call)(Variable& result, std::span<Variable> args, std::string_view source);
 };
 
+std::vector<std::string> BuiltinNames();
 // Null for a name that is none of them.
 const Builtin* FindBuiltin(std::string_view name);
 

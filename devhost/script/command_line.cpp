@@ -7,17 +7,21 @@ namespace devhost::script {
 const char* const kUsage =
     "usage: talq [option...] script [argument...]\n"
     "       talq [option...] -e 'statements' [argument...]\n"
+    "       talq [option...] -i\n"
     "       talq [option...] --list\n"
+    "       talq --help [name]\n"
     "\n"
     "Runs a Talq script; its arguments are what its first statement, 'param', names.\n"
     "\n"
     "  -e 'statements'  run these statements\n"
+    "  -i               run statements as they are entered\n"
     "  --list           show the module's version, methods and errors\n"
     "  --module PATH    load this module (else: TalqOpenGL.dll beside the program)\n"
     "  --no-module      load no module\n"
     "  --module-arithmetic\n"
     "                   compute two numbers of one type with what the module exports\n"
     "  --help           show this text\n"
+    "  --help NAME      show the reference's entry, as of TOpenGL::Sphere or Sphere; the methods of a class\n"
     "\n"
     "The exit code is 0, 1 after an error, or 2 when the command line is not understood.\n";
 
@@ -27,6 +31,8 @@ namespace {
 bool ReadSwitch(std::string_view argument, CommandLine& commandLine) {
   if (argument == "--list") {
     commandLine.action = CommandLine::Action::List;
+  } else if (argument == "-i") {
+    commandLine.action = CommandLine::Action::Interact;
   } else if (argument == "--no-module") {
     commandLine.usesModule = false;
   } else if (argument == "--module-arithmetic") {
@@ -35,6 +41,12 @@ bool ReadSwitch(std::string_view argument, CommandLine& commandLine) {
     return false;
   }
   return true;
+}
+
+// The option that asks for an action without a script; null for other actions.
+const char* LoneOption(CommandLine::Action action) {
+  if (action == CommandLine::Action::List) return "--list";
+  return action == CommandLine::Action::Interact ? "-i" : nullptr;
 }
 
 // Whether the options go together; says in the message which do not.
@@ -54,7 +66,9 @@ bool ReadCommandLine(std::span<char*> arguments, CommandLine& commandLine, std::
     const bool isLast = i + 1 == arguments.size();
     if (argument == "--help" || argument == "-h") {
       commandLine.action = Action::Help;
-      return true;
+      if (!isLast) commandLine.topic = arguments[i + 1];
+      if (arguments.size() > i + 2) message = "--help takes one name";
+      return message.empty();
     }
     if (ReadSwitch(argument, commandLine)) continue;
     if ((argument == "--module" || argument == "-e") && isLast) {
@@ -69,8 +83,8 @@ bool ReadCommandLine(std::span<char*> arguments, CommandLine& commandLine, std::
       message = "unknown option " + std::string(argument);
       return false;
     }
-    if (commandLine.action == Action::List) {
-      message = "--list takes no script";
+    if (const char* option = LoneOption(commandLine.action)) {
+      message = std::string(option) + " takes no script";
       return false;
     }
     if (argument == "-e") {
@@ -81,7 +95,7 @@ bool ReadCommandLine(std::span<char*> arguments, CommandLine& commandLine, std::
     commandLine.args = arguments.subspan(i + 1);
     return Fits(commandLine, message);
   }
-  if (commandLine.action == Action::List) return Fits(commandLine, message);
+  if (LoneOption(commandLine.action) != nullptr) return Fits(commandLine, message);
   message = "no script is given";
   return false;
 }

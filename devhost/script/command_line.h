@@ -7,9 +7,10 @@
 namespace devhost::script {
 
 struct CommandLine {
-  enum class Action { Help, List, RunFile, RunText };
+  enum class Action { Help, List, Interact, RunFile, RunText };
 
   Action action = Action::RunFile;
+  std::string topic;      // of --help; empty: the program itself
   std::string script;     // the file's path, or the statements of -e
   std::span<char*> args;  // of the script
   std::string module;     // path; empty: TalqOpenGL.dll beside the program

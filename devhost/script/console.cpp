@@ -1,12 +1,23 @@
 #include "devhost/script/console.h"
 
+#include <cstdio>
+
+namespace devhost::script {
+
+bool Complain(const std::string& message) {
+  std::fflush(stdout);
+  std::fwrite(message.data(), 1, message.size(), stderr);
+  std::fflush(stderr);
+  return false;
+}
+
+}  // namespace devhost::script
+
 #if defined(_WIN32)
 
 #include <fcntl.h>
 #include <io.h>
 #include <windows.h>
-
-#include <cstdio>
 
 namespace devhost::script {
 

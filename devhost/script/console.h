@@ -8,6 +8,9 @@ namespace devhost::script {
 // Lines end with "\n" alone on every system.
 void PrepareConsole();
 
+// Prints the message to stderr, behind what was printed to stdout; false for the caller to return.
+bool Complain(const std::string& message);
+
 // The folder of the running program, with a separator behind it; "" where it is unknown.
 std::string ProgramFolder();
 

@@ -16,7 +16,7 @@ enum class Flow { Next, Break, Continue, Return, Failed };
 // false, null or Failed with the error pending and its place in CurrentTrace.
 class Interpreter {
  public:
-  Interpreter(std::span<Slot> scriptVariables, std::span<Slot> callVariables, Variable& callResult);
+  Interpreter(Scope scriptVariables, Scope callVariables, Variable& callResult);
 
   Flow Execute(const Statement& statement);
 
@@ -31,6 +31,7 @@ class Interpreter {
   Flow ExecuteReturn(const Statement& statement);
   bool Test(const Expression& condition, bool& truth);
   bool EvaluateForEffect(const Statement& statement);
+  bool Show(const Statement& statement);
 
   // interpreter_expressions.cpp
   bool Evaluate(const Expression& expression, Variable& value);
@@ -60,11 +61,14 @@ class Interpreter {
   bool EvaluateOperands(const Expression& expression, std::size_t first, std::vector<Variable>& values);
   bool FailedCall(const Expression& call, std::string_view name);
 
+  // interpreter_names.cpp
   bool FailUnknown(const Expression& name);
+  bool FailUnknownFunction(const Expression& name);
   bool FailAt(const Expression& expression);
+  std::vector<std::string> AssignedNames(bool functionsOnly) const;
 
-  std::span<Slot> globals;
-  std::span<Slot> locals;
+  Scope globals;
+  Scope locals;
   Variable& result;
 };
 

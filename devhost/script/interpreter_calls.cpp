@@ -35,8 +35,10 @@ bool Interpreter::EvaluateCall(const Expression& call, Variable& value) {
     done = CallValue(function, value, args);
   } else if (call.builtin != nullptr) {
     done = CallBuiltin(*call.builtin, value, args, call.text);
-  } else {
+  } else if (HasFunction(callee.text)) {
     done = CallFunction(value, callee.text, args);
+  } else {
+    return FailUnknownFunction(callee);
   }
   return done || FailedCall(call, callee.IsName() ? callee.text : "a function value");
 }

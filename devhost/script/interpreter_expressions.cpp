@@ -2,17 +2,10 @@
 #include "devhost/script/depth.h"
 #include "devhost/script/interpreter.h"
 #include "devhost/script/operators.h"
-#include "devhost/script/trace.h"
 
 namespace devhost::script {
 
 using Kind = Expression::Kind;
-
-// The pending error arose here.
-bool Interpreter::FailAt(const Expression& expression) {
-  CurrentTrace().Locate(expression.at);
-  return false;
-}
 
 bool Interpreter::Evaluate(const Expression& expression, Variable& value) {
   const Depth depth;
@@ -59,8 +52,8 @@ bool Interpreter::EvaluateKind(const Expression& expression, Variable& value) {
 }
 
 Slot& Interpreter::SlotOf(const Expression& name) {
-  const std::span<Slot> slots = name.kind == Kind::Local ? locals : globals;
-  return slots[static_cast<std::size_t>(name.slot)];
+  const Scope& scope = name.kind == Kind::Local ? locals : globals;
+  return scope.slots[static_cast<std::size_t>(name.slot)];
 }
 
 bool Interpreter::EvaluateName(const Expression& name, Variable& value) {
@@ -68,13 +61,6 @@ bool Interpreter::EvaluateName(const Expression& name, Variable& value) {
   if (!slot.assigned) return FailUnknown(name);
   Assign(value, slot.value);
   return true;
-}
-
-bool Interpreter::FailUnknown(const Expression& name) {
-  const char* reason = name.kind == Kind::Local ? " has no value yet: this function assigns it, which makes it local."
-                                                : " is unknown: nothing has been assigned to it.";
-  Raise(kErrorName, "The variable '" + name.text + "'" + reason);
-  return FailAt(name);
 }
 
 bool Interpreter::EvaluateArray(const Expression& expression, Variable& value) {

@@ -1,4 +1,7 @@
 // Effects of statements.
+#include <cstdio>
+#include <string>
+
 #include "devhost/script/depth.h"
 #include "devhost/script/interpreter.h"
 #include "devhost/script/trace.h"
@@ -7,7 +10,7 @@ namespace devhost::script {
 
 using Kind = Statement::Kind;
 
-Interpreter::Interpreter(std::span<Slot> scriptVariables, std::span<Slot> callVariables, Variable& callResult)
+Interpreter::Interpreter(Scope scriptVariables, Scope callVariables, Variable& callResult)
     : globals(scriptVariables), locals(callVariables), result(callResult) {}
 
 Flow Interpreter::Execute(const Statement& statement) {
@@ -23,6 +26,8 @@ Flow Interpreter::ExecuteStatement(const Statement& statement) {
   switch (statement.kind) {
     case Kind::Evaluate:
       return EvaluateForEffect(statement) ? Flow::Next : Flow::Failed;
+    case Kind::Show:
+      return Show(statement) ? Flow::Next : Flow::Failed;
     case Kind::Assign: {
       const bool done = statement.op ? AssignCombined(statement, *statement.op) : AssignValue(statement);
       return done ? Flow::Next : Flow::Failed;
@@ -121,6 +126,16 @@ Flow Interpreter::ExecuteReturn(const Statement& statement) {
 bool Interpreter::EvaluateForEffect(const Statement& statement) {
   Variable unused;
   return Evaluate(*statement.expressions[0], unused);
+}
+
+// Prints the value as a line, unless it is nothing.
+bool Interpreter::Show(const Statement& statement) {
+  Variable value;
+  if (!Evaluate(*statement.expressions[0], value)) return false;
+  if (value.type == kEmptyType) return true;
+  const std::string line = TextOf(value) + "\n";
+  std::fwrite(line.data(), 1, line.size(), stdout);
+  return true;
 }
 
 }  // namespace devhost::script

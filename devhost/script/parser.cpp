@@ -10,8 +10,23 @@ std::unique_ptr<Program> Parse(std::string_view text, std::string name, FileRead
   Compilation compilation{*program, readFile, error, false, 0, {}, {name}};
   program->sources.push_back(std::make_unique<Source>(Source{std::move(name), std::string(text)}));
   if (!Parser(compilation, *program->sources.front()).ParseFile()) return nullptr;
-  program->globalCount = static_cast<int>(compilation.globals.size());
   return program;
+}
+
+bool ParseMore(Program& program, std::string_view text, std::string name, FileReader readFile, SyntaxError& error) {
+  const std::size_t sourceCount = program.sources.size();
+  const std::size_t globalCount = program.globals.size();
+  const std::size_t functionCount = program.functions.size();
+  const std::size_t statementCount = program.statements.size();
+  Compilation compilation{program, readFile, error, false, 0, {}, {name}, true, functionCount};
+  for (std::size_t i = 0; i < globalCount; ++i) compilation.globals.emplace(program.globals[i], static_cast<int>(i));
+  program.sources.push_back(std::make_unique<Source>(Source{std::move(name), std::string(text)}));
+  if (Parser(compilation, *program.sources.back()).ParseFile()) return true;
+  program.statements.resize(statementCount);
+  program.functions.resize(functionCount);
+  program.globals.resize(globalCount);
+  program.sources.resize(sourceCount);
+  return false;
 }
 
 Parser::Parser(Compilation& sharedCompilation, const Source& parsedSource)
@@ -54,7 +69,9 @@ bool Parser::ExpectName(std::string& name, std::string_view what) {
 bool Parser::Fail(std::size_t offset, std::string message) {
   if (!compilation.failed) {
     compilation.failed = true;
-    compilation.error = {Locate({&source, offset}), std::move(message)};
+    const bool isOpenComment =
+        token.kind == TokenKind::Bad && std::string_view(source.text).substr(token.offset).starts_with("/*");
+    compilation.error = {Locate({&source, offset}), std::move(message), token.kind == TokenKind::End || isOpenComment};
   }
   return false;
 }
@@ -88,8 +105,10 @@ std::string Parser::DescribeToken() const {
 Position Parser::Here() const { return {&source, token.offset}; }
 
 int Parser::GlobalSlot(const std::string& name) {
-  const int next = static_cast<int>(compilation.globals.size());
-  return compilation.globals.emplace(name, next).first->second;
+  std::vector<std::string>& names = compilation.program.globals;
+  const auto [found, isNew] = compilation.globals.emplace(name, static_cast<int>(names.size()));
+  if (isNew) names.push_back(name);
+  return found->second;
 }
 
 // The name is assigned here: inside a function that makes it local.

@@ -25,6 +25,8 @@ struct Compilation {
   int nesting = 0;
   std::map<std::string, int, std::less<>> globals;
   std::vector<std::string> files;  // read already; each is read once
+  bool atPrompt = false;
+  std::size_t firstFunction = 0;  // of this text; those before it may be defined anew
 };
 
 class Parser {
@@ -85,7 +87,8 @@ class Parser {
   StatementPtr ParseTry();
   StatementPtr ParseReturn();
   StatementPtr ParseLoopExit(Statement::Kind kind);
-  StatementPtr ParseSimple();
+  StatementPtr ParseSimple(bool showsValue = false);
+  bool StandsAtPrompt() const;
   bool ParseCondition(Statement& statement);
 
   // parser_expressions.cpp

@@ -8,7 +8,7 @@
 namespace devhost::script {
 
 bool Parser::ParseFile() {
-  const bool isMain = compilation.program.sources.size() == 1;
+  const bool isMain = compilation.program.sources.size() == 1 && !compilation.atPrompt;
   if (isMain && token.kind == TokenKind::Param && !ParseParameters()) return false;
   while (!compilation.failed && token.kind != TokenKind::End) {
     if (!ParseTopLevel()) return false;
@@ -73,8 +73,10 @@ bool Parser::ParseFunction() {
   auto definition = std::make_unique<FunctionDefinition>();
   const std::size_t offset = token.offset;
   if (!ExpectName(definition->name, "the function's name")) return false;
-  for (const auto& other : compilation.program.functions) {
-    if (other->name == definition->name) return Fail(offset, "the function '" + other->name + "' is already defined");
+  const auto& functions = compilation.program.functions;
+  for (std::size_t i = compilation.firstFunction; i < functions.size(); ++i) {
+    if (functions[i]->name != definition->name) continue;
+    return Fail(offset, "the function '" + definition->name + "' is already defined");
   }
   definition->slot = GlobalSlot(definition->name);
 
@@ -92,7 +94,8 @@ bool Parser::ParseFunction() {
   function = nullptr;
   if (definition->body == nullptr) return false;
   ResolveNames(scope);
-  definition->localCount = static_cast<int>(scope.locals.size());
+  definition->locals.resize(scope.locals.size());
+  for (const auto& [name, slot] : scope.locals) definition->locals[static_cast<std::size_t>(slot)] = name;
   compilation.program.functions.push_back(std::move(definition));
   return true;
 }

@@ -49,7 +49,7 @@ StatementPtr Parser::ParseStatementOfKind() {
       Fail(token.offset, "'" + std::string(SpellingOf(token.kind)) + "' stands at the script's top level only");
       return nullptr;
     default: {
-      StatementPtr statement = ParseSimple();
+      StatementPtr statement = ParseSimple(StandsAtPrompt());
       if (statement == nullptr || !EndStatement()) return nullptr;
       return statement;
     }
@@ -185,8 +185,11 @@ StatementPtr Parser::ParseLoopExit(Statement::Kind kind) {
   return statement;
 }
 
-// An assignment or a call, without a semicolon.
-StatementPtr Parser::ParseSimple() {
+// Whether the statement was entered at a prompt by itself, in no block, loop, function or file.
+bool Parser::StandsAtPrompt() const { return compilation.atPrompt && compilation.nesting == 1 && function == nullptr; }
+
+// An assignment or a call, without a semicolon; or any value, to be shown.
+StatementPtr Parser::ParseSimple(bool showsValue) {
   StatementPtr statement = NewStatement(Statement::Kind::Assign);
   ExpressionPtr target = ParseExpression();
   if (target == nullptr) return nullptr;
@@ -206,11 +209,11 @@ StatementPtr Parser::ParseSimple() {
       statement->op = Operator::Divide;
       break;
     default:
-      statement->kind = Statement::Kind::Evaluate;
+      statement->kind = showsValue ? Statement::Kind::Show : Statement::Kind::Evaluate;
   }
   using Kind = Expression::Kind;
-  if (statement->kind == Statement::Kind::Evaluate) {
-    if (target->kind != Kind::Call && target->kind != Kind::CallMethod && target->kind != Kind::New) {
+  if (statement->kind != Statement::Kind::Assign) {
+    if (!showsValue && target->kind != Kind::Call && target->kind != Kind::CallMethod && target->kind != Kind::New) {
       FailExpected("an assignment or a call: this value would not be used");
       return nullptr;
     }

@@ -9,21 +9,15 @@
 #include "devhost/runtime.h"
 #include "devhost/script/command_line.h"
 #include "devhost/script/console.h"
+#include "devhost/script/help.h"
 #include "devhost/script/module_list.h"
 #include "devhost/script/parse.h"
+#include "devhost/script/prompt.h"
 #include "devhost/script/script.h"
 #include "devhost/script/trace.h"
 
 namespace devhost::script {
 namespace {
-
-// Prints the message behind what the script has printed; false for the caller to return.
-bool Complain(const std::string& message) {
-  std::fflush(stdout);
-  std::fwrite(message.data(), 1, message.size(), stderr);
-  std::fflush(stderr);
-  return false;
-}
 
 // A script that cannot be read is told about where it is asked for, so the error is taken back.
 bool ReadScript(const std::string& path, std::string& text) {
@@ -50,6 +44,21 @@ bool RunScript(const std::string& text, const std::string& name, std::span<char*
   return succeeded;
 }
 
+// Returns the exit code.
+int ShowHelp(const std::string& topic) {
+  std::string text;
+  std::string message;
+  if (topic.empty()) {
+    text = kUsage;
+  } else if (!FindHelp(Reference(), topic, text, message)) {
+    Complain("talq: " + message + "\n");
+    return 2;
+  }
+  std::fwrite(text.data(), 1, text.size(), stdout);
+  std::fflush(stdout);
+  return 0;
+}
+
 bool RunCommand(const CommandLine& commandLine) {
   const Module* module = nullptr;
   if (commandLine.usesModule) {
@@ -63,6 +72,9 @@ bool RunCommand(const CommandLine& commandLine) {
     const std::string list = DescribeModule(*module);
     std::fwrite(list.data(), 1, list.size(), stdout);
     return true;
+  }
+  if (commandLine.action == CommandLine::Action::Interact) {
+    return RunPrompt(stdin, module != nullptr ? module->version : "No module is loaded.", ReadScript);
   }
   if (commandLine.action == CommandLine::Action::RunText) {
     return RunScript(commandLine.script, "-e", commandLine.args);
@@ -86,11 +98,7 @@ int TalqMain(int argc, char** argv) {
     Complain("talq: " + message + "; talq --help shows what there is\n");
     return 2;
   }
-  if (commandLine.action == CommandLine::Action::Help) {
-    std::fputs(kUsage, stdout);
-    std::fflush(stdout);
-    return 0;
-  }
+  if (commandLine.action == CommandLine::Action::Help) return ShowHelp(commandLine.topic);
   devhost::RegisterHostClasses();
   const bool succeeded = RunCommand(commandLine);
   const int joinedObjects = devhost::UnloadModules();

@@ -40,18 +40,29 @@ class ScriptFunction : public Function {
     }
     const auto parameterCount = static_cast<std::size_t>(definition->parameterCount);
     if (args.size() != parameterCount) {
-      Raise(kErrorNoOverload, "The function '" + name + "' takes " + CountOfArguments(parameterCount) +
-                                  "; the call has " + CountOfArguments(args.size()) + ".");
+      Raise(kErrorNoOverload,
+            "The function '" + name + "' takes " + CountOfArguments(parameterCount) + "; the call has " +
+                CountOfArguments(args.size()) + ".",
+            Form());
       return false;
     }
-    std::vector<Slot> locals(static_cast<std::size_t>(definition->localCount));
+    std::vector<Slot> locals(definition->locals.size());
     for (std::size_t i = 0; i < args.size(); ++i) Set(locals[i], args[i]);
-    const Flow flow = Interpreter(script->globals, locals, result).Execute(*definition->body);
+    const Flow flow = Interpreter(script->Globals(), {locals, definition->locals}, result).Execute(*definition->body);
     ReleaseBackwards(locals);
     return flow != Flow::Failed;
   }
 
  private:
+  // "Half takes (x)"
+  std::string Form() const {
+    std::string form;
+    for (int i = 0; i < definition->parameterCount; ++i) {
+      form.append(i > 0 ? ", " : "").append(definition->locals[static_cast<std::size_t>(i)]);
+    }
+    return name + " takes (" + form + ")";
+  }
+
   Script* script;
   const FunctionDefinition* definition;
   std::string name;
@@ -70,13 +81,15 @@ class CompiledText : public Function {
 
 }  // namespace
 
-Script::Script(const Program& runProgram)
-    : globals(static_cast<std::size_t>(runProgram.globalCount)), program(runProgram) {
-  functions.resize(program.functions.size());
-  for (std::size_t i = 0; i < functions.size(); ++i) {
-    const FunctionDefinition& definition = *program.functions[i];
-    AssignFunction(functions[i], new ScriptFunction(*this, definition));
-    Set(globals[static_cast<std::size_t>(definition.slot)], functions[i]);
+Script::Script(const Program& runProgram) : program(runProgram) {}
+
+// Places for the program's variables and values of its functions, as far as they are new.
+void Script::TakeUp() {
+  globals.resize(program.globals.size());
+  while (functions.size() < program.functions.size()) {
+    const FunctionDefinition& definition = *program.functions[functions.size()];
+    AssignFunction(functions.emplace_back(), new ScriptFunction(*this, definition));
+    Set(globals[static_cast<std::size_t>(definition.slot)], functions.back());
   }
 }
 
@@ -87,6 +100,7 @@ Script::~Script() {
 
 bool Script::Run(Variable& result, std::span<Variable> args) {
   if (PendingError() == nullptr) CurrentTrace().Clear();
+  TakeUp();
   const auto parameterCount = static_cast<std::size_t>(program.parameterCount);
   if (args.size() > parameterCount) {
     Raise(kErrorNoOverload, "The script takes at most " + CountOfArguments(parameterCount) + "; the call has " +
@@ -97,13 +111,13 @@ bool Script::Run(Variable& result, std::span<Variable> args) {
   const Variable nothing;
   for (std::size_t i = 0; i < parameterCount; ++i) Set(globals[i], i < args.size() ? args[i] : nothing);
   result.Clear();
-  Interpreter interpreter(globals, {}, result);
-  for (const StatementPtr& statement : program.statements) {
-    const Flow flow = interpreter.Execute(*statement);
-    if (flow == Flow::Return) break;
-    if (flow == Flow::Failed) return false;
+  Interpreter interpreter(Globals(), {}, result);
+  Flow flow = Flow::Next;
+  while (flow == Flow::Next && nextStatement < program.statements.size()) {
+    flow = interpreter.Execute(*program.statements[nextStatement++]);
   }
-  return true;
+  nextStatement = program.statements.size();
+  return flow != Flow::Failed;
 }
 
 }  // namespace devhost::script

@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <span>
+#include <string>
 #include <vector>
 
 #include "devhost/script/ast.h"
@@ -15,7 +16,13 @@ struct Slot {
   bool assigned = false;
 };
 
-// One run of a program: its script-level variables. Its functions can be called while it lives.
+// The variables of the script's top level or of one call, and their names.
+struct Scope {
+  std::span<Slot> slots;
+  std::span<const std::string> names;
+};
+
+// A run of a program: its script-level variables. Its functions can be called while it lives.
 class Script {
  public:
   explicit Script(const Program& program);
@@ -23,15 +30,19 @@ class Script {
   Script(const Script&) = delete;
   Script& operator=(const Script&) = delete;
 
-  // Runs the statements with the arguments as `param` names them; missing ones are nothing. False when an error is
-  // pending, with its place in CurrentTrace.
+  // Runs the statements that have not run, all at first, with the arguments as `param` names them; missing ones are
+  // nothing. False when an error is pending, with its place in CurrentTrace.
   bool Run(Variable& result, std::span<Variable> args);
 
-  std::vector<Slot> globals;
+  Scope Globals() { return {globals, program.globals}; }
 
  private:
+  void TakeUp();
+
   const Program& program;
+  std::vector<Slot> globals;
   std::vector<Variable> functions;
+  std::size_t nextStatement = 0;
 };
 
 }  // namespace devhost::script

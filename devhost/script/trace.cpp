@@ -30,8 +30,8 @@ void ErrorTrace::Clear() { *this = ErrorTrace(); }
 std::string ErrorTrace::Report() const {
   const Error* error = PendingError();
   if (error == nullptr) return {};
-  if (!located) return MessageOf(*error) + "\n";
-  std::string report = Describe(place, MessageOf(*error));
+  std::string report = located ? Describe(place, MessageOf(*error)) : MessageOf(*error) + "\n";
+  if (!error->hint.empty()) report += "  hint: " + error->hint + "\n";
   for (const Call& call : calls) {
     report += "  in " + call.function + ", called from " + call.from.file + ":" + Decimal(call.from.line) + "\n";
   }

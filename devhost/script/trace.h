@@ -20,7 +20,7 @@ class ErrorTrace {
   // Forgets the place and the calls.
   void Clear();
 
-  // The pending error as a script's author reads it: place, code, name and text, source line, callers.
+  // The pending error as a script's author reads it: place, code, name and text, source line, hint, callers.
   std::string Report() const;
 
  private:

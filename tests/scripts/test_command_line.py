@@ -21,7 +21,7 @@ def assert_located(run, place, message, line, column):
 def test_help_names_every_option(talq_options):
     run = talq_options("--help")
     assert run.exit_code == 0, run.shown()
-    for option in ("-e ", "--list", "--module ", "--no-module", "--module-arithmetic", "--help"):
+    for option in ("-e ", "-i ", "--list", "--module ", "--no-module", "--module-arithmetic", "--help ", "--help NAME"):
         assert option in run.stdout
 
 
@@ -45,6 +45,7 @@ def test_statements_of_the_command_line_run(talq_options):
         (["--no-such-option"], "unknown option --no-such-option"),
         ([], "no script is given"),
         (["-e"], "-e needs statements"),
+        (["-i", "x"], "-i takes no script"),
         (["--module"], "--module needs a path"),
     ],
 )
@@ -106,6 +107,24 @@ def test_error_of_the_module_is_shown_with_code_name_and_text(talq):
     assert run.exit_code == 1, run.shown()
     assert "script.talq:2:" in run.stderr, run.shown()
     assert "error 1001 OGL_NO_DC" in run.stderr and "The Device Context is not Open" in run.stderr, run.shown()
+    assert "hint: the MDC has to be open; for BindMDC, the renderer too: gl->Open(device) or " in run.stderr
+
+
+@pytest.mark.parametrize(
+    "statement, column, hint",
+    [
+        ('gl->SetViewPort("wide");', 7, "TOpenGL::SetViewPort takes (left, top, right, bottom)"),
+        ("gl->SetViewport(0, 0, 8, 8);", 7, "did you mean TOpenGL::SetViewPort?"),
+        ("gl->EndSelection();", 7, "BeginSelection comes before EndSelection"),
+        ("g1->Clear();", 3, None),
+    ],
+)
+def test_hint_stands_below_the_caret(talq, statement, column, hint):
+    run = talq(f"gl = new TOpenGL();\n  {statement}\n")
+    assert run.exit_code == 1, run.shown()
+    shown = run.stderr.splitlines()
+    assert f"script.talq:2:{column}: " in shown[0] and shown[2] == " " * (column + 1) + "^", run.shown()
+    assert shown[3:] == ([f"  hint: {hint}"] if hint else []), run.shown()
 
 
 def test_module_that_is_not_there(talq_options):
@@ -152,8 +171,8 @@ def test_missing_mesh(talq):
     assert "nowhere.obj" in run.stderr, run.shown()
 
 
-def run_project(*arguments, cwd):
-    return subprocess.run([ROOT / "run", *arguments], cwd=cwd, capture_output=True, text=True)
+def run_project(*arguments, cwd, text=""):
+    return subprocess.run([ROOT / "run", *arguments], cwd=cwd, input=text, capture_output=True, text=True)
 
 
 def test_run_hands_over_arguments_paths_and_exit_code(tmp_path):
@@ -162,6 +181,38 @@ def test_run_hands_over_arguments_paths_and_exit_code(tmp_path):
     assert done.returncode == 1
     assert done.stdout == "z x y\n"
     assert "own.talq:3:" in done.stderr and "enough" in done.stderr
+
+
+def test_run_opens_a_prompt(tmp_path):
+    entered = [
+        "device = new MDC(8, 8); gl = new TOpenGL();",
+        "gl->OpenBitmap(device)",
+        "gl->SetViewPort(0,",
+        "  0, 8, 8)",
+        "gl->IsOpen()",
+        "gl->EndSelection()",
+        "gl->GetViewPort()",
+        "exit",
+        "Print(1)",
+    ]
+    done = run_project("-i", cwd=tmp_path, text="\n".join(entered) + "\n")
+    assert done.returncode == 0, done.stderr
+    lines = done.stdout.split("\n")
+    assert lines[0] == "TALQ Support DLL v5.0 |TALQ version:5.03.04.a"
+    assert lines[1] == "help shows what can be entered, exit leaves."
+    assert lines[2:] == [
+        "talq> talq> RECT(0, 0, 8, 8)",
+        "talq>   ... talq> 1",
+        "talq> talq> [0, 8, 0, 8]",
+        "talq> ",
+    ]
+    assert "prompt:1:5: error 1005 OGL_NO_SELECTION_MODE" in done.stderr
+
+
+def test_prompt_ends_with_its_input(tmp_path):
+    done = run_project("--no-module", "-i", cwd=tmp_path, text="6 * 7")
+    assert (done.returncode, done.stderr) == (0, "")
+    assert done.stdout.startswith("No module is loaded.\n") and done.stdout.endswith("talq> 42\ntalq> \n")
 
 
 def test_run_names_a_missing_script(tmp_path):

@@ -95,22 +95,33 @@ TEST_F(DevhostCall, TheOverloadFollowsCountAndKinds) {
 
 TEST_F(DevhostCall, AMisfitSaysWhichFormsThereAre) {
   EXPECT_EQ(CalledBy("Move", {Text("x")}), "");
-  EXPECT_EQ(TakeError(), "22 Probe::Move takes (number, number) or (POINT3) or (POINT3, int), not (String).");
+  EXPECT_EQ(
+      TakeError(),
+      "22 Probe::Move does not take (String). hint: Probe::Move takes (number, number) or (POINT3) or (POINT3, int)");
   CalledBy("Paint", {});
-  EXPECT_EQ(TakeError(), "22 Probe::Paint takes (Vector, ...) or (String, boolean), not ().");
+  EXPECT_EQ(TakeError(),
+            "22 Probe::Paint does not take (). hint: Probe::Paint takes (Vector, ...) or (String, boolean)");
   CalledBy("Move", {New("ColorRef", {Variable(0)}), Variable(1)});
-  EXPECT_EQ(TakeError(), "22 Probe::Move takes (number, number) or (POINT3) or (POINT3, int), not (ColorRef, number).");
+  EXPECT_EQ(
+      TakeError(),
+      "22 Probe::Move does not take (ColorRef, number). hint: Probe::Move takes (number, number) or (POINT3) or (POINT3, int)");
   CallPlain("sin", {Text("x")});
-  EXPECT_EQ(TakeError(), "22 sin takes (number), not (String).");
+  EXPECT_EQ(TakeError(), "22 sin does not take (String). hint: sin takes (number)");
 }
 
 TEST_F(DevhostCall, UnknownNamesAreErrors) {
   CalledBy("Jump", {});
   EXPECT_EQ(TakeError(), "21 There is no method \"Jump\" in class Probe.");
+  CalledBy("paint", {});
+  EXPECT_EQ(TakeError(), "21 There is no method \"paint\" in class Probe. hint: did you mean Probe::Paint?");
+  CalledBy("CalBlack", {});
+  EXPECT_EQ(TakeError(), "21 There is no method \"CalBlack\" in class Probe. hint: did you mean Probe::CallBack?");
   Call(Variable(1), "Move");
   EXPECT_EQ(TakeError(), "21 A number has no method \"Move\".");
   New("Nowhere");
   EXPECT_EQ(TakeError(), "21 There is no class \"Nowhere\".");
+  New("Prob");
+  EXPECT_EQ(TakeError(), "21 There is no class \"Prob\". hint: did you mean Probe?");
   New("");
   EXPECT_EQ(TakeError(), "21 There is no class \"\".");
   CallPlain("nowhere");
@@ -156,7 +167,7 @@ TEST_F(DevhostCall, AFailedConstructorLeavesTheTarget) {
 TEST_F(DevhostCall, ACopyConstructorTakesItsOwnClassAlone) {
   EXPECT_EQ(devhost::KindOf(New("Probe", {probe})), "Probe");
   New("Probe", {Point()});
-  EXPECT_EQ(TakeError(), "22 Probe::Probe takes () or (number) or (copy), not (POINT3).");
+  EXPECT_EQ(TakeError(), "22 Probe::Probe does not take (POINT3). hint: Probe::Probe takes () or (number) or (copy)");
 }
 
 TEST_F(DevhostCall, OperatorMethodsServeCompute) {

@@ -23,10 +23,12 @@ class DevhostTest : public testing::Test {
     EXPECT_EQ(TakeError(), "");
   }
 
-  // The pending error as "code text", which is then no longer pending; "" when there is none.
+  // The pending error as "code text", and "hint: ..." where it has one, which is then no longer pending; "" when there
+  // is none.
   static std::string TakeError() {
     const devhost::Error* error = devhost::PendingError();
-    const std::string text = error ? std::to_string(error->code) + " " + error->text : "";
+    std::string text = error ? std::to_string(error->code) + " " + error->text : "";
+    if (error && !error->hint.empty()) text += " hint: " + error->hint;
     devhost::ClearError();
     return text;
   }

@@ -195,6 +195,10 @@ TEST_F(DevhostObject, AMissingFieldIsReadThroughItsGetter) {
   EXPECT_EQ(TakeError(), "8 The arrays have lengths that do not fit together.");
   object(Name("Blue"));
   EXPECT_EQ(TakeError(), "21 A Holder has no field \"Blue\".");
+  object(Name("Rde"));
+  EXPECT_EQ(TakeError(), "21 A Holder has no field \"Rde\". hint: did you mean Red?");
+  object(Name("GetRed"));
+  EXPECT_EQ(TakeError(), "21 A Holder has no field \"GetRed\". hint: Holder::GetRed takes ()");
 }
 
 TEST_F(DevhostObject, FieldsArePlaces) {
@@ -204,6 +208,8 @@ TEST_F(DevhostObject, FieldsArePlaces) {
   EXPECT_EQ(devhost::TextOf(point), "POINT3(0, 4.5, 0)");
   EXPECT_EQ(devhost::Field(point, "w"), nullptr);
   EXPECT_EQ(TakeError(), "21 A POINT3 has no field \"w\".");
+  EXPECT_EQ(devhost::Field(point, "Z"), nullptr);
+  EXPECT_EQ(TakeError(), "21 A POINT3 has no field \"Z\". hint: did you mean z?");
   Variable number(1);
   EXPECT_EQ(static_cast<float>(number(Name("x"))), 0.0f);
   EXPECT_EQ(TakeError(), "21 A number has no field \"x\".");

@@ -52,6 +52,10 @@ TEST(CommandLine, KnowsTheModulesArithmetic) {
 TEST(CommandLine, KnowsHelpAndList) {
   EXPECT_EQ(Reading({"--help"}).commandLine.action, CommandLine::Action::Help);
   EXPECT_EQ(Reading({"--list"}).commandLine.action, CommandLine::Action::List);
+  EXPECT_EQ(Reading({"--no-module", "-i"}).commandLine.action, CommandLine::Action::Interact);
+  EXPECT_EQ(Reading({"--help"}).commandLine.topic, "");
+  EXPECT_EQ(Reading({"--help", "Sphere"}).commandLine.action, CommandLine::Action::Help);
+  EXPECT_EQ(Reading({"--help", "Sphere"}).commandLine.topic, "Sphere");
 }
 
 TEST(CommandLine, RefusesWhatItDoesNotUnderstand) {
@@ -59,7 +63,9 @@ TEST(CommandLine, RefusesWhatItDoesNotUnderstand) {
   EXPECT_EQ(Reading({"--nope", "x"}).message, "unknown option --nope");
   EXPECT_EQ(Reading({"--module"}).message, "--module needs a path");
   EXPECT_EQ(Reading({"-e"}).message, "-e needs statements");
+  EXPECT_EQ(Reading({"--help", "x", "y"}).message, "--help takes one name");
   EXPECT_EQ(Reading({"--list", "x"}).message, "--list takes no script");
+  EXPECT_EQ(Reading({"-i", "x"}).message, "-i takes no script");
   EXPECT_EQ(Reading({"--no-module", "--list"}).message, "--list and --no-module exclude each other");
   EXPECT_EQ(Reading({"--no-module", "--module-arithmetic", "-e", "x;"}).message,
             "--module-arithmetic and --no-module exclude each other");

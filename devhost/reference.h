@@ -1,0 +1,42 @@
+// The reference of the script API, docs/reference.md, which the build puts into the program.
+//
+// "## Title" begins a group, "### Class::Name" an entry. An entry begins with a fenced block that holds two lines a
+// form, "Rotate(x, y, z, angle)" and, indented, the signature of the method table; then comes its text.
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+namespace devhost {
+
+// One form of a method; each part is a view of the document.
+struct ReferenceForm {
+  std::string_view call;       // "Rotate(x, y, z, angle)"
+  std::string_view signature;  // "TOpenGL::Rotate(number, number, number, number)"
+};
+
+struct ReferenceEntry {
+  std::string_view name;   // "TOpenGL::Rotate"
+  std::string_view group;  // the title that it stands under; "" before the first
+  std::vector<ReferenceForm> forms;
+  std::string_view block;  // the fenced lines as they stand
+  std::string_view text;   // what follows them
+
+  std::string_view ClassName() const { return name.substr(0, name.find("::")); }
+  std::string_view MethodName() const { return name.substr(name.find("::") + 2); }
+};
+
+// The whole document.
+std::string_view ReferenceText();
+
+// The entries of a document in its order, apart from headings that do not name "Class::Name". Views of `document`.
+std::vector<ReferenceEntry> ParseReference(std::string_view document);
+
+// The entries of the reference.
+const std::vector<ReferenceEntry>& Reference();
+
+// How the form with this signature is called, "(x, y, z, angle)"; "" for one that the reference does not have, and for
+// an operator.
+std::string_view ArgumentsInReference(std::string_view signature);
+
+}  // namespace devhost

@@ -1,0 +1,150 @@
+#include "devhost/script/prompt.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "devhost/reference.h"
+#include "devhost/script/console.h"
+#include "devhost/script/help.h"
+#include "devhost/script/lexer.h"
+#include "devhost/script/script.h"
+#include "devhost/script/trace.h"
+
+namespace devhost::script {
+namespace {
+
+constexpr const char* kHelp =
+    "A statement runs; a value by itself is printed. Variables and functions stay. A line that leaves a bracket or a\n"
+    "comment open goes on in the next one.\n"
+    "\n"
+    "  help NAME  show the reference's entry, as of TOpenGL::Sphere or Sphere; the methods of a class\n"
+    "  exit       leave\n";
+
+void Print(std::string_view text) {
+  std::fwrite(text.data(), 1, text.size(), stdout);
+  std::fflush(stdout);
+}
+
+// A line without its end; false at the end of the input.
+bool ReadLine(std::FILE* input, std::string& line) {
+  line.clear();
+  int c = std::fgetc(input);
+  if (c == EOF) return false;
+  for (; c != EOF && c != '\n'; c = std::fgetc(input)) line += static_cast<char>(c);
+  if (line.ends_with('\r')) line.pop_back();
+  return true;
+}
+
+// Cuts the next word off.
+std::string_view TakeWord(std::string_view& text) {
+  constexpr std::string_view kBlanks = " \t\n";
+  text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
+  const std::string_view word = text.substr(0, text.find_first_of(kBlanks));
+  text.remove_prefix(word.size());
+  return word;
+}
+
+bool OpensBracket(TokenKind kind) {
+  return kind == TokenKind::LeftParen || kind == TokenKind::LeftBracket || kind == TokenKind::LeftBrace;
+}
+
+bool ClosesBracket(TokenKind kind) {
+  return kind == TokenKind::RightParen || kind == TokenKind::RightBracket || kind == TokenKind::RightBrace;
+}
+
+// Whether the text ends inside a bracket or a comment.
+bool IsOpen(std::string_view text) {
+  int level = 0;
+  Lexer lexer(text);
+  for (Token token = lexer.Next(); token.kind != TokenKind::End; token = lexer.Next()) {
+    if (token.kind == TokenKind::Bad) return text.substr(token.offset).starts_with("/*");
+    if (OpensBracket(token.kind)) ++level;
+    if (ClosesBracket(token.kind)) --level;
+  }
+  return level > 0;
+}
+
+// Whether the text can go on in another line: it ends inside a bracket or a comment, and is sound as far as it goes.
+bool IsUnfinished(std::string_view text) {
+  if (!IsOpen(text)) return false;
+  Program unused;
+  SyntaxError error;
+  return !ParseMore(unused, text, "prompt", nullptr, error) && error.atEnd;
+}
+
+// Prompts for lines until they make a whole; false at the end of the input.
+bool ReadStatements(std::FILE* input, std::string& text) {
+  Print("talq> ");
+  if (!ReadLine(input, text)) return false;
+  for (std::string line; IsUnfinished(text); text += "\n" + line) {
+    Print("  ... ");
+    if (!ReadLine(input, line)) break;
+  }
+  return true;
+}
+
+void ShowHelp(std::string_view topic) {
+  std::string text = kHelp;
+  std::string message;
+  if (topic.empty() || FindHelp(Reference(), topic, text, message)) {
+    Print(text);
+  } else {
+    Complain(message + "\n");
+  }
+}
+
+class Prompt {
+ public:
+  explicit Prompt(FileReader fileReader) : script(program), readFile(fileReader) {}
+
+  // False when the text asks to leave.
+  bool Take(std::string_view text) {
+    std::string_view rest = text.substr(0, text.find_last_not_of("; \t\n") + 1);
+    const std::string_view verb = TakeWord(rest);
+    const std::string_view topic = TakeWord(rest);
+    if (verb == "exit" && topic.empty()) return false;
+    if (verb == "help" && rest.empty()) {
+      ShowHelp(topic);
+    } else {
+      Run(text);
+    }
+    return true;
+  }
+
+ private:
+  void Run(std::string_view text) {
+    SyntaxError error;
+    if (!ParseMore(program, text, "prompt", readFile, error)) {
+      Complain(Describe(error.at, "syntax error: " + error.message));
+      return;
+    }
+    Variable result;
+    if (script.Run(result, {})) return;
+    Complain(CurrentTrace().Report());
+    ClearError();
+    CurrentTrace().Clear();
+  }
+
+  Program program;
+  Script script;
+  FileReader readFile;
+};
+
+}  // namespace
+
+bool RunPrompt(std::FILE* input, const std::string& greeting, FileReader readFile) {
+  Print(greeting + "\nhelp shows what can be entered, exit leaves.\n");
+  {
+    Prompt prompt(readFile);
+    std::string text;
+    bool goesOn = true;
+    while (goesOn) {
+      const bool isRead = ReadStatements(input, text);
+      if (!isRead) Print("\n");
+      goesOn = isRead && prompt.Take(text);
+    }
+  }
+  return PendingError() == nullptr || Complain(CurrentTrace().Report());
+}
+
+}  // namespace devhost::script
