@@ -34,7 +34,7 @@ bool Interpreter::EvaluateCall(const Expression& call, Variable& value) {
     const Variable function(SlotOf(callee).value);
     done = CallValue(function, value, args);
   } else if (call.builtin != nullptr) {
-    done = CallBuiltin(*call.builtin, value, args, call.text);
+    done = CallBuiltin(*call.builtin, value, args, {call.text, call.at.source->name});
   } else if (HasFunction(callee.text)) {
     done = CallFunction(value, callee.text, args);
   } else {

@@ -10,6 +10,8 @@ import numpy
 import PIL.Image
 import pytest
 
+import gallery
+
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 PROGRAMS = ROOT / "build" / os.environ.get("TALQ_BUILD", "windows-cross")
 WINE = "/usr/lib/wine/wine64"
@@ -61,6 +63,22 @@ def run_in_wine(program, arguments, folder, display=None):
     return Run(done.returncode, *texts, {path.stem: read_picture(path) for path in pathlib.Path(folder).rglob("*.png")})
 
 
+def run_example(name, folder):
+    """Draws an example of the gallery; the last line that it prints may tell of its scene."""
+    (pathlib.Path(folder) / "out").mkdir()
+    script = pathlib.Path(folder) / "scene.talq"
+    script.write_text(gallery.script_of(name))
+    return run_in_wine("talq.exe", [script], folder)
+
+
+def run_volume(folder):
+    """Draws the volumes; the program leaves a picture of another form."""
+    run = run_in_wine("volume_picture.exe", [], folder)
+    if run.exit_code == 0:
+        run.pictures["volume"] = read_picture(pathlib.Path(folder) / "volume.ppm")
+    return run
+
+
 def read_text(file):
     file.seek(0)
     return file.read().decode().replace("\r\n", "\n")
@@ -103,12 +121,6 @@ def talq(request, tmp_path):
     return run
 
 
-@pytest.fixture(scope="session")
-def run_talq_in():
-    """run_talq_in(folder, *arguments): runs talq.exe with the arguments in the folder."""
-    return lambda folder, *arguments: run_in_wine("talq.exe", arguments, folder)
-
-
 @pytest.fixture
 def talq_options(tmp_path):
     """talq_options(*arguments): runs talq.exe with the arguments as they are, in a folder of its own."""
@@ -116,9 +128,27 @@ def talq_options(tmp_path):
 
 
 @pytest.fixture(scope="session")
-def run_program_in():
-    """run_program_in(folder, program): runs another program of the Windows build in the folder."""
-    return lambda folder, program: run_in_wine(program, [], folder)
+def example(tmp_path_factory):
+    """example(name): the run of an example of the gallery, made once. Tests of one example are in one xdist group,
+    "example" and its name."""
+    runs = {}
+
+    def run(name):
+        if name not in runs:
+            runs[name] = run_example(name, tmp_path_factory.mktemp(name))
+        assert runs[name].exit_code == 0, runs[name].shown()
+        return runs[name]
+
+    return run
+
+
+@pytest.fixture(scope="session")
+def volume(tmp_path_factory):
+    """The run that draws the volumes, and the folder in which it left them, in the xdist group "example volume"."""
+    folder = tmp_path_factory.mktemp("volume")
+    run = run_volume(folder)
+    assert run.exit_code == 0, run.shown()
+    return run, folder
 
 
 @pytest.fixture

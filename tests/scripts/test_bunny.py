@@ -1,37 +1,30 @@
 """The picture of examples/bunny.talq, checked by facts computed from the mesh and the script's camera and light."""
 
 import json
-import pathlib
-import shutil
 
 import numpy
 import pytest
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
-SCRIPT = ROOT / "examples" / "bunny.talq"
-MODEL = ROOT / "examples" / "models" / "bunny.obj"
+import gallery
+
+MODEL = gallery.EXAMPLES / "models" / "bunny.obj"
 
 # The picture is made once.
-pytestmark = pytest.mark.xdist_group("bunny")
-
-# The script's own values, printed by the script language itself behind the example's last line.
-PRINT_SCENE = (
-    'include "examples/bunny.talq";\n'
-    "Print([eye, centre, [fieldOfView, width, height], lightPosition, background]);\n"
-)
+pytestmark = pytest.mark.xdist_group("example bunny")
 
 
 class Scene:
     """The projected mesh: where each corner lies in the picture, how far away, and how much it faces the light."""
 
     def __init__(self, values):
-        eye, centre, (field, self.width, self.height), light, self.background = map(numpy.array, values)
+        eye, centre, (field, self.width, self.height), light = map(numpy.array, values)
         self.width, self.height = int(self.width), int(self.height)
         vertices, self.faces = read_obj(MODEL)
         forward = unit(centre - eye)
         side = unit(numpy.cross(forward, [0, 1, 0]))
         up = numpy.cross(side, forward)
-        seen = (vertices - eye) @ numpy.array([side, up, -forward]).T  # in eye coordinates; the eye looks along -z
+        to_eye = numpy.array([side, up, -forward]).T  # the eye looks along -z
+        seen, light = (vertices - eye) @ to_eye, (light - eye) @ to_eye
         self.depth = -seen[:, 2]
         scale = self.height / 2 / numpy.tan(numpy.radians(field) / 2)  # pixels of a unit length at depth 1
         self.x = self.width / 2 + scale * seen[:, 0] / self.depth
@@ -87,22 +80,14 @@ def grown(mask):
 
 
 @pytest.fixture(scope="module")
-def folder(tmp_path_factory):
-    """A folder in which the example finds its model and may write its picture."""
-    folder = tmp_path_factory.mktemp("bunny")
-    (folder / "examples" / "models").mkdir(parents=True)
-    (folder / "out").mkdir()
-    shutil.copy(SCRIPT, folder / "examples")
-    shutil.copy(MODEL, folder / "examples" / "models")
-    (folder / "scene.talq").write_text(PRINT_SCENE)
-    return folder
-
-
-@pytest.fixture(scope="module")
-def scene_and_picture(folder, run_talq_in):
-    run = run_talq_in(folder, "scene.talq")
-    assert run.exit_code == 0, run.shown()
+def scene_and_picture(example):
+    run = example("bunny")
     return Scene(json.loads(run.stdout.splitlines()[-1])), run.pictures["bunny"].astype(int)
+
+
+def is_bunny(picture):
+    """Only the bunny is warm: floor, shadow and backdrop are bluer than they are red."""
+    return picture[:, :, 0] > picture[:, :, 2]
 
 
 def test_size(scene_and_picture):
@@ -111,22 +96,34 @@ def test_size(scene_and_picture):
     assert scene.width >= 800 and scene.height >= 600
 
 
-def test_background_where_no_ray_hits(scene_and_picture):
+def test_bunny_is_where_rays_hit_the_mesh(scene_and_picture):
     scene, picture = scene_and_picture
-    background = numpy.abs(picture - scene.background * 255).max(axis=2) <= 1
+    warm = is_bunny(picture)
     hit = numpy.isfinite(scene.nearest)
     assert hit.mean() > 0.1
     # One pixel beside the outline is left to the rasteriser.
-    assert background[~grown(hit)].all()
-    assert not background[~grown(~hit)].any()
+    assert not warm[~grown(hit)].any()
+    assert warm[~grown(~hit)].all()
 
 
 def test_silhouette_is_where_the_mesh_projects_to(scene_and_picture):
     scene, picture = scene_and_picture
-    rows, columns = numpy.nonzero(numpy.abs(picture - scene.background * 255).max(axis=2) > 1)
+    rows, columns = numpy.nonzero(is_bunny(picture))
     found = [columns.min(), columns.max() + 1, rows.min(), rows.max() + 1]
     expected = [scene.x.min(), scene.x.max(), scene.y.min(), scene.y.max()]
     assert numpy.abs(numpy.subtract(found, expected)).max() <= 2
+
+
+def test_casts_a_shadow_away_from_the_light(scene_and_picture):
+    scene, picture = scene_and_picture
+    hit = numpy.isfinite(scene.nearest)
+    floor = ~grown(hit)
+    floor[: scene.height * 7 // 10] = False
+    dark = floor & (picture.sum(axis=2) < 120)
+    middle = (scene.x.min() + scene.x.max()) / 2
+    # The light is on the left.
+    assert 5000 < dark.sum() < floor.sum() / 3
+    assert numpy.nonzero(dark)[1].mean() > middle
 
 
 def test_has_more_than_a_thousand_colours(scene_and_picture):

@@ -221,7 +221,13 @@ def test_run_names_a_missing_script(tmp_path):
     assert done.stderr == "error: there is no script nowhere.talq\n"
 
 
+def test_run_draws_an_example_from_any_folder(tmp_path):
+    done = run_project(ROOT / "examples" / "first.talq", cwd=tmp_path)
+    assert done.returncode == 0, done.stderr
+    assert [path.name for path in (tmp_path / "out").iterdir()] == ["first.png"]
+
+
 def test_run_help_says_how_to_use_it(tmp_path):
     done = run_project("--help", cwd=tmp_path)
     assert done.returncode == 0
-    assert "--window" in done.stdout and "examples/bunny.talq" in done.stdout
+    assert "--window" in done.stdout and "--gallery" in done.stdout and "examples/bunny.talq" in done.stdout

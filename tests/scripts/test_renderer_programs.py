@@ -1,14 +1,10 @@
 """The programs that use the renderer itself, for what no script reaches."""
 
-import pathlib
-
 import numpy
-import PIL.Image
 import pytest
 
 # The volumes are drawn once, so their tests go to one worker.
-pytestmark = pytest.mark.xdist_group("renderer programs")
-OUTPUT = pathlib.Path(__file__).resolve().parents[2] / "out"
+pytestmark = pytest.mark.xdist_group("example volume")
 
 
 def test_bits_advance_the_raster_position_by_their_width(run_program):
@@ -58,16 +54,11 @@ class Cloud:
 
 
 @pytest.fixture(scope="module")
-def clouds(run_program_in, tmp_path_factory):
-    folder = tmp_path_factory.mktemp("volume")
-    run = run_program_in(folder, "volume_picture.exe")
-    assert run.exit_code == 0, run.shown()
-    picture = PIL.Image.open(folder / "volume.ppm")
-    OUTPUT.mkdir(exist_ok=True)
-    picture.save(OUTPUT / "volume.png")
+def clouds(volume):
+    run, folder = volume
     view, *volumes = [line.split() for line in run.stdout.splitlines()]
     view = [int(word) for word in view]
-    return {words[0]: Cloud(folder, words, numpy.asarray(picture), view) for words in volumes}
+    return {words[0]: Cloud(folder, words, run.pictures["volume"], view) for words in volumes}
 
 
 @pytest.mark.parametrize("name", ["head", "molecule"])

@@ -1,33 +1,17 @@
 """The pictures of examples/picking.talq and examples/solar-system.talq, checked by what their scenes say."""
 
 import json
-import pathlib
 import re
-import shutil
 
 import numpy
 import pytest
 
-EXAMPLES = pathlib.Path(__file__).resolve().parents[2] / "examples"
-
-# Printed by the script language itself behind the example's last line: the camera, then what the test needs besides.
-PRINT_PICKING = """
-places = [];
-for (i = 0; i < rows * columns; i += 1) places->Add(Place(i / columns, i % columns));
-Print([eye, centre, [fieldOfView, width, height], rectangle, [columns, radius], places]);
-"""
-PRINT_SYSTEM = "Print([eye, centre, [fieldOfView, width, height], [sunRadius, planets[5][1], planets[5][2], planets[5][3]]]);\n"
+of_picking = pytest.mark.xdist_group("example picking")
+of_system = pytest.mark.xdist_group("example solar-system")
 
 
-def run_example(run_talq_in, folder, name, print_scene):
+def read_scene(run, name):
     """The printed lines, the scene's values and the picture."""
-    (folder / "examples").mkdir()
-    (folder / "out").mkdir()
-    for script in EXAMPLES.glob("*.talq"):
-        shutil.copy(script, folder / "examples")
-    (folder / "scene.talq").write_text(f'include "examples/{name}.talq";\n{print_scene}')
-    run = run_talq_in(folder, "scene.talq")
-    assert run.exit_code == 0, run.shown()
     *lines, values = run.stdout.splitlines()
     return lines, json.loads(values), run.pictures[name].astype(int)
 
@@ -43,11 +27,12 @@ def project(points, eye, centre, view):
     return width / 2 + seen[:, 0] * scale, height / 2 - seen[:, 1] * scale, scale
 
 
-@pytest.fixture(scope="module")
-def picking(run_talq_in, tmp_path_factory):
-    return run_example(run_talq_in, tmp_path_factory.mktemp("picking"), "picking", PRINT_PICKING)
+@pytest.fixture
+def picking(example):
+    return read_scene(example("picking"), "picking")
 
 
+@of_picking
 def test_picked_names_are_those_of_the_marbles_in_the_rectangle(picking):
     lines, (eye, centre, view, (left, top, width, height), (columns, radius), places), _ = picking
     names = [tuple(map(int, re.findall(r"\d+", line)[:2])) for line in lines if line.startswith("row")]
@@ -62,6 +47,7 @@ def test_picked_names_are_those_of_the_marbles_in_the_rectangle(picking):
     assert 10 < len(found) < len(places) / 2
 
 
+@of_picking
 def test_depths_are_ordered_as_the_marbles_are(picking):
     lines, (eye, centre, _, _, (columns, _), places), _ = picking
     hits = [list(map(float, re.findall(r"[\d.]+", line))) for line in lines if line.startswith("row")]
@@ -73,6 +59,7 @@ def test_depths_are_ordered_as_the_marbles_are(picking):
     assert all(0 < hit[2] < hit[3] < 2 for hit in hits)
 
 
+@of_picking
 def test_only_picked_marbles_glow(picking):
     lines, (eye, centre, view, (left, top, width, height), _, _), picture = picking
     red, blue = picture[:, :, 0], picture[:, :, 2]
@@ -83,9 +70,9 @@ def test_only_picked_marbles_glow(picking):
     assert rows.min() > top - 90 and rows.max() < top + height + 90
 
 
-@pytest.fixture(scope="module")
-def system(run_talq_in, tmp_path_factory):
-    return run_example(run_talq_in, tmp_path_factory.mktemp("system"), "solar-system", PRINT_SYSTEM)
+@pytest.fixture
+def system(example):
+    return read_scene(example("solar-system"), "solar-system")
 
 
 def offsets_from(place, radius, eye, centre, view):
@@ -95,6 +82,7 @@ def offsets_from(place, radius, eye, centre, view):
     return (columns - x) / (radius * scale), (rows - y) / (radius * scale)
 
 
+@of_system
 def test_sun_shines_where_it_projects_to(system):
     _, (eye, centre, view, (radius, *_)), picture = system
     distance = numpy.hypot(*offsets_from([0, 0, 0], radius, eye, centre, view))
@@ -105,6 +93,7 @@ def test_sun_shines_where_it_projects_to(system):
     assert rings == sorted(rings, reverse=True) and rings[0] > 1.5 * rings[2]
 
 
+@of_system
 def test_saturn_is_lit_from_the_side_of_the_sun(system):
     _, (eye, centre, view, (_, distance, degrees, radius)), picture = system
     angle = numpy.radians(degrees)
@@ -116,6 +105,7 @@ def test_saturn_is_lit_from_the_side_of_the_sun(system):
     assert brightness[inside & (right < -0.3)].mean() > 1.5 * brightness[inside & (right > 0.3)].mean()
 
 
+@of_system
 def test_system_has_many_colours(system):
     picture = system[2]
     assert len(numpy.unique(picture.reshape(-1, 3), axis=0)) > 5000

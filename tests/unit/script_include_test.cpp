@@ -13,6 +13,7 @@ const std::map<std::string, std::string>& Files() {
       {"lib/more/area.talq", "include \"../shapes.talq\";\nfunction Area(a, b) {\n  return a * b;\n}\n"},
       {"broken.talq", "a = 1;\nb = ;\n"},
       {"late.talq", "param a;\n"},
+      {"lib/model.talq", "function Model() { return Beside(\"models/../hare.obj\"); }\n"},
   };
   return files;
 }
@@ -52,6 +53,13 @@ TEST(ScriptInclude, ReadsAFileOnce) {
   EXPECT_EQ(RunScript("include \"lib/shapes.talq\"; sides = 5; include \"lib/../lib/shapes.talq\"; return sides;", {},
                       ReadTestFile),
             "5");
+}
+
+TEST(ScriptInclude, FindsFilesBesideTheScriptThatAsks) {
+  EXPECT_EQ(RunScript("include \"lib/model.talq\"; return [Model(), Beside(\"hare.obj\"), Beside(\"/a\")];", {},
+                      ReadTestFile),
+            "[lib/hare.obj, hare.obj, /a]");
+  EXPECT_EQ(RunScript("try { Beside(1); } catch (code, text) { return code; }"), "20");
 }
 
 TEST(ScriptInclude, MessagesNameTheFile) {

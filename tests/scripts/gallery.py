@@ -1,0 +1,67 @@
+"""The gallery: which pictures it has, how each is made, and when two pictures are the same."""
+
+import pathlib
+import re
+
+import numpy
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+EXAMPLES = ROOT / "examples"
+PICTURES = EXAMPLES / "pictures"
+
+# Scripts that leave a picture of their own name; the others are included by these.
+SCRIPTS = sorted(path.stem for path in EXAMPLES.glob("*.talq") if f'"out/{path.stem}.png"' in path.read_text())
+# Volumes are drawn by a program: no script can make one.
+NAMES = sorted([*SCRIPTS, "volume"])
+
+# What tests ask of a scene, printed by the script language behind the example's last line: the camera, then more.
+SCENES = {
+    "bunny": "Print([eye, centre, [fieldOfView, width, height], light]);",
+    "picking": """
+places = [];
+for (i = 0; i < rows * columns; i += 1) places->Add(Place(i / columns, i % columns));
+Print([eye, centre, [fieldOfView, width, height], rectangle, [columns, radius], places]);
+""",
+    "solar-system": """
+Print([eye, centre, [fieldOfView, width, height], [sunRadius, planets[5][1], planets[5][2], planets[5][3]]]);
+""",
+}
+
+
+def script_of(name):
+    """A script that draws the example and then prints what tests ask of its scene."""
+    return f'include "{EXAMPLES / name}.talq";\n{SCENES.get(name, "")}'
+
+
+def sources_of(script):
+    """The script's text and those of all that it includes, without comments."""
+    pending, texts = [script], {}
+    while pending:
+        path = pending.pop()
+        if path not in texts:
+            texts[path] = re.sub(r"//.*", "", path.read_text())
+            pending += [(path.parent / name).resolve() for name in re.findall(r'include "([^"]+)"', texts[path])]
+    return texts.values()
+
+
+class Difference:
+    """How far two pictures of one size lie apart, in levels of 0 to 255: on average, by the channel of each pixel that
+    differs most, and by the mean colour of the square of pixels that differs most."""
+
+    # Another driver may round colours and edges differently. It does not draw something else, nor elsewhere.
+    MEAN = 0.4
+    SQUARE = 3
+    SIDE = 20  # of a square, which divides all sizes
+
+    def __init__(self, picture, expected):
+        difference = picture.astype(numpy.int16) - expected
+        rows, columns = (size // self.SIDE for size in expected.shape[:2])
+        squares = difference.reshape(rows, self.SIDE, columns, self.SIDE, 3)
+        self.mean = numpy.abs(difference).max(axis=2).mean()
+        self.square = numpy.abs(squares.mean(axis=(1, 3))).max()
+
+    def is_small(self):
+        return self.mean < self.MEAN and self.square < self.SQUARE
+
+    def __str__(self):
+        return f"{self.mean:.2f} levels on average, {self.square:.2f} in one square"
