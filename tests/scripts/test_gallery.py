@@ -129,3 +129,7 @@ def test_page_quotes_the_script_that_makes_the_picture(name, path, quoted):
     lines = {line.split("//")[0].strip() for text in gallery.sources_of(path) for line in text.splitlines()}
     for line in quoted:
         assert line.split("//")[0].strip() in lines
+
+
+def test_readme_shows_the_first_script():
+    assert f"```\n{(gallery.EXAMPLES / 'first.talq').read_text()}```\n" in (gallery.ROOT / "README.md").read_text()
