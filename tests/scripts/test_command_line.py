@@ -21,7 +21,7 @@ def assert_located(run, place, message, line, column):
 def test_help_names_every_option(talq_options):
     run = talq_options("--help")
     assert run.exit_code == 0, run.shown()
-    for option in ("-e ", "--list", "--module ", "--no-module", "--module-arithmetic", "--help"):
+    for option in ("-e ", "--list", "--module ", "--no-module", "--module-arithmetic", "--trace-gl", "--help"):
         assert option in run.stdout
 
 
