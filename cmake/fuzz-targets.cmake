@@ -2,7 +2,7 @@
 # development host. Configured by the preset native-fuzz.
 add_library(fuzzed_host OBJECT ${host_sources})
 target_compile_definitions(fuzzed_host PRIVATE TALQ_HOST_BUILD)
-target_include_directories(fuzzed_host SYSTEM PRIVATE "${STB_INCLUDE_DIR}")
+target_include_directories(fuzzed_host SYSTEM PRIVATE tests/recorder/include "${STB_INCLUDE_DIR}")
 # stb_image hands null to memcpy, with the size 0, for some broken PNGs.
 target_compile_options(fuzzed_host PRIVATE -fsanitize=fuzzer-no-link -fno-sanitize=nonnull-attribute)
 target_link_libraries(fuzzed_host PRIVATE project_options)

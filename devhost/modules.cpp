@@ -76,6 +76,11 @@ bool UseArithmeticOf(const Module& module) {
   return false;
 }
 
+bool TraceOpenGl(const Module& module) {
+  Raise(kErrorFile, module.path + ": modules are Windows libraries, whose calls cannot be traced here.");
+  return false;
+}
+
 void FreeModuleLibrary(HINSTANCE__*) {}
 #endif
 

@@ -12,13 +12,12 @@ namespace {
 
 constexpr int kMaxDepth = 16;  // an array may contain itself
 
-// The shortest decimal text that reads back as the same number.
-std::string FloatText(double value, bool isSingle) {
+template <class Number>
+std::string ShortestTextOf(Number number) {
   char text[40];
   for (int digits = 6; digits <= 17; ++digits) {
-    std::snprintf(text, sizeof text, "%.*g", digits, value);
-    const double readBack = std::strtod(text, nullptr);
-    if (readBack == value || (isSingle && static_cast<float>(readBack) == static_cast<float>(value))) break;
+    std::snprintf(text, sizeof text, "%.*g", digits, static_cast<double>(number));
+    if (static_cast<Number>(std::strtod(text, nullptr)) == number) break;
   }
   return text;
 }
@@ -69,9 +68,9 @@ std::string TextAtDepth(const Variable& value, int depth) {
     case TVAR_INT32:
       return Decimal(value.slot.int32);
     case TVAR_FLOAT:
-      return FloatText(static_cast<double>(value.slot.float32), true);
+      return ShortestText(value.slot.float32);
     case TVAR_DOUBLE:
-      return FloatText(value.slot.float64, false);
+      return ShortestText(value.slot.float64);
     case TVAR_BYTES:
       return std::string(TextIn(value));
     case TVAR_ARRAY:
@@ -102,6 +101,9 @@ std::string Decimal(long long number) {
   std::snprintf(text, sizeof text, "%lld", number);
   return text;
 }
+
+std::string ShortestText(float number) { return ShortestTextOf(number); }
+std::string ShortestText(double number) { return ShortestTextOf(number); }
 
 std::string TextOf(const Variable& value) { return TextAtDepth(value, 0); }
 

@@ -138,6 +138,9 @@ const Module* AddModule(Module module);
 // Until modules are unloaded, scripts compute two numbers of one type with the routines Add, Sub, Mul, Div, Rest, Or,
 // And and Xor that the module exports. False with an error raised when it does not export them all.
 bool UseArithmeticOf(const Module& module);
+// Until the module is unloaded, each call that it makes of OpenGL, GLU, WGL or GDI is printed to standard error. False
+// with an error raised when it imports a function of theirs that cannot be traced.
+bool TraceOpenGl(const Module& module);
 // Destroys every remaining script object and unloads the modules; prints each native object still joined.
 // Returns how many those were.
 int UnloadModules();

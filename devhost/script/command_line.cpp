@@ -20,6 +20,8 @@ const char* const kUsage =
     "  --no-module      load no module\n"
     "  --module-arithmetic\n"
     "                   compute two numbers of one type with what the module exports\n"
+    "  --trace-gl       print each OpenGL call of the module, in order with what the script prints,\n"
+    "                   to standard error (2> calls.txt keeps the calls in a file of their own)\n"
     "  --help           show this text\n"
     "  --help NAME      show the reference's entry, as of TOpenGL::Sphere or Sphere; the methods of a class\n"
     "\n"
@@ -37,6 +39,8 @@ bool ReadSwitch(std::string_view argument, CommandLine& commandLine) {
     commandLine.usesModule = false;
   } else if (argument == "--module-arithmetic") {
     commandLine.moduleArithmetic = true;
+  } else if (argument == "--trace-gl") {
+    commandLine.tracesGl = true;
   } else {
     return false;
   }
@@ -54,6 +58,7 @@ bool Fits(const CommandLine& commandLine, std::string& message) {
   if (commandLine.usesModule) return true;
   if (commandLine.action == CommandLine::Action::List) message = "--list and --no-module exclude each other";
   if (commandLine.moduleArithmetic) message = "--module-arithmetic and --no-module exclude each other";
+  if (commandLine.tracesGl) message = "--trace-gl and --no-module exclude each other";
   return message.empty();
 }
 

@@ -16,6 +16,7 @@ struct CommandLine {
   std::string module;     // path; empty: TalqOpenGL.dll beside the program
   bool usesModule = true;
   bool moduleArithmetic = false;
+  bool tracesGl = false;
 };
 
 extern const char* const kUsage;

@@ -59,14 +59,21 @@ int ShowHelp(const std::string& topic) {
   return 0;
 }
 
+// Loads the module and sets it up as the options ask; null with an error raised.
+const Module* PrepareModule(const CommandLine& commandLine) {
+  const std::string path = commandLine.module.empty() ? ProgramFolder() + "TalqOpenGL.dll" : commandLine.module;
+  const Module* module = LoadModule(path);
+  if (module == nullptr) return nullptr;
+  if (commandLine.moduleArithmetic && !UseArithmeticOf(*module)) return nullptr;
+  if (commandLine.tracesGl && !TraceOpenGl(*module)) return nullptr;
+  return module;
+}
+
 bool RunCommand(const CommandLine& commandLine) {
   const Module* module = nullptr;
   if (commandLine.usesModule) {
-    const std::string path = commandLine.module.empty() ? ProgramFolder() + "TalqOpenGL.dll" : commandLine.module;
-    module = LoadModule(path);
-    if (module == nullptr || (commandLine.moduleArithmetic && !UseArithmeticOf(*module))) {
-      return Complain("talq: " + PendingError()->text + "\n");
-    }
+    module = PrepareModule(commandLine);
+    if (module == nullptr) return Complain("talq: " + PendingError()->text + "\n");
   }
   if (module != nullptr && commandLine.action == CommandLine::Action::List) {
     const std::string list = DescribeModule(*module);

@@ -3,11 +3,11 @@
 
 #include "tests/recorder/recorder.h"
 
+using gl_trace::ClearMask;
+using gl_trace::Enum;
+using gl_trace::Primitive;
 using recorder::Balance;
-using recorder::ClearMask;
-using recorder::Enum;
 using recorder::Get;
-using recorder::Primitive;
 using recorder::Record;
 
 namespace {

@@ -3,7 +3,7 @@
 
 #include "tests/recorder/recorder.h"
 
-using recorder::Enum;
+using gl_trace::Enum;
 using recorder::Get;
 using recorder::Record;
 using recorder::Recorder;

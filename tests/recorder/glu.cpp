@@ -1,7 +1,7 @@
 // GLU. Its objects are handles; NULL objects are answered as the real library does, by doing nothing.
 #include "tests/recorder/recorder.h"
 
-using recorder::Enum;
+using gl_trace::Enum;
 using recorder::Get;
 using recorder::Record;
 

@@ -24,7 +24,9 @@ std::vector<std::string> Balance::Problems() const {
   if (insideBegin) problems.emplace_back("glBegin without glEnd");
   if (insideList) problems.emplace_back("glNewList without glEndList");
   for (const auto& [mode, depth] : matrixDepth) {
-    if (depth != 0) problems.push_back("matrix stack " + Format(Enum{mode}) + " left " + Format(depth) + " deep");
+    if (depth != 0)
+      problems.push_back("matrix stack " + gl_trace::Format(gl_trace::Enum{mode}) + " left " + gl_trace::Format(depth) +
+                         " deep");
   }
   if (!contexts.empty()) problems.push_back(Count(contexts.size(), "contexts not deleted"));
   if (!quadrics.empty()) problems.push_back(Count(quadrics.size(), "quadrics not deleted"));

@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-#include "tests/recorder/format.h"
+#include "devhost/gl_trace/format.h"
 
 namespace recorder {
 
@@ -96,13 +96,13 @@ std::string Lines(std::initializer_list<std::string_view> lines);
 // Notes a call with its arguments.
 template <class... A>
 Call& Record(const char* name, const A&... arguments) {
-  return Get().calls.emplace_back(Call{name, {Format(arguments)...}, {}});
+  return Get().calls.emplace_back(Call{name, {gl_trace::Format(arguments)...}, {}});
 }
 
 // A call in the log's own form, for expectations whose numbers are computed.
 template <class... A>
 std::string Line(const char* name, const A&... arguments) {
-  return Call{name, {Format(arguments)...}, {}}.Text();
+  return Call{name, {gl_trace::Format(arguments)...}, {}}.Text();
 }
 
 }  // namespace recorder

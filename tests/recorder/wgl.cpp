@@ -3,8 +3,8 @@
 
 #include "tests/recorder/recorder.h"
 
+using gl_trace::PixelFormatFlags;
 using recorder::Get;
-using recorder::PixelFormatFlags;
 using recorder::Record;
 
 namespace {

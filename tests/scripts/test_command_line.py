@@ -21,7 +21,8 @@ def assert_located(run, place, message, line, column):
 def test_help_names_every_option(talq_options):
     run = talq_options("--help")
     assert run.exit_code == 0, run.shown()
-    for option in ("-e ", "-i ", "--list", "--module ", "--no-module", "--module-arithmetic", "--help ", "--help NAME"):
+    options = ["-e ", "-i ", "--list", "--module ", "--no-module", "--module-arithmetic", "--trace-gl", "--help NAME"]
+    for option in options:
         assert option in run.stdout
 
 

@@ -12,7 +12,7 @@ namespace {
 
 using BitmapsTest = ModuleTest;
 using Bytes = std::vector<unsigned char>;
-using recorder::Enum;
+using gl_trace::Enum;
 
 constexpr char kFirst[] = "glPolygonMode(GL_FRONT_AND_BACK, GL_FILL)\nglEnable(GL_TEXTURE_2D)\n";
 constexpr char kTexture[] =

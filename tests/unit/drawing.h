@@ -54,7 +54,7 @@ std::string LogOf(Call call) {
 
 // The handle of the next quadric or NURBS renderer.
 inline std::string NextHandle() {
-  return recorder::Format(
+  return gl_trace::Format(
       reinterpret_cast<const void*>(std::uintptr_t{0xC001} + static_cast<unsigned>(recorder::Get().objectsMade)));
 }
 

@@ -12,7 +12,7 @@ namespace {
 
 using LightTest = ModuleTest;
 using Floats = std::vector<float>;
-using recorder::Enum;
+using gl_trace::Enum;
 
 Floats Components(const OGLColor& color) { return {color.red, color.green, color.blue, color.alpha}; }
 

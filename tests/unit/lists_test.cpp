@@ -80,7 +80,7 @@ TEST_F(ListsTest, CallListsOfTenThousand) {
   std::vector<int> lists(10000);
   std::iota(lists.begin(), lists.end(), 1);
   Call(renderer, "CallLists", Integers(lists));
-  EXPECT_EQ(TakeLog(), Line("glCallLists", 10000, recorder::Enum{GL_INT}, std::span<const int>(lists)) + "\n");
+  EXPECT_EQ(TakeLog(), Line("glCallLists", 10000, gl_trace::Enum{GL_INT}, std::span<const int>(lists)) + "\n");
 }
 
 TEST_F(ListsTest, CallListsWithoutMemoryDoesNothing) {

@@ -53,7 +53,7 @@ TEST_F(QuadricsTest, SphereAtAPoint) {
 
 TEST_F(QuadricsTest, RadiiAreSinglePrecision) {
   Variable renderer = OpenRenderer();
-  const std::string radius = recorder::Format(static_cast<double>(0.1F));
+  const std::string radius = gl_trace::Format(static_cast<double>(0.1F));
   const std::string expected =
       Quadric(SphereLines("glTranslatef(0, 0, 0)", ("gluSphere(%, " + radius + ", 10, 10)").c_str()));
   Call(renderer, kSphere, 0, 0, 0, Variable(0.1));

@@ -31,9 +31,9 @@ TEST_F(RecorderTest, CallsReadAsLines) {
 }
 
 TEST_F(RecorderTest, NumbersThatDifferInOneBitReadDifferently) {
-  EXPECT_NE(recorder::Format(0.1F), recorder::Format(std::nextafterf(0.1F, 1)));
-  EXPECT_NE(recorder::Format(0.1), recorder::Format(std::nextafter(0.1, 1)));
-  EXPECT_NE(recorder::Format(0.0F), recorder::Format(-0.0F));
+  EXPECT_NE(gl_trace::Format(0.1F), gl_trace::Format(std::nextafterf(0.1F, 1)));
+  EXPECT_NE(gl_trace::Format(0.1), gl_trace::Format(std::nextafter(0.1, 1)));
+  EXPECT_NE(gl_trace::Format(0.0F), gl_trace::Format(-0.0F));
 }
 
 TEST_F(RecorderTest, MasksNameTheirBits) {

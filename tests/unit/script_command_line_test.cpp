@@ -49,6 +49,11 @@ TEST(CommandLine, KnowsTheModulesArithmetic) {
   EXPECT_FALSE(Reading({"scene.talq", "--module-arithmetic"}).commandLine.moduleArithmetic);
 }
 
+TEST(CommandLine, KnowsTheTrace) {
+  EXPECT_TRUE(Reading({"--trace-gl", "scene.talq"}).commandLine.tracesGl);
+  EXPECT_FALSE(Reading({"scene.talq", "--trace-gl"}).commandLine.tracesGl);
+}
+
 TEST(CommandLine, KnowsHelpAndList) {
   EXPECT_EQ(Reading({"--help"}).commandLine.action, CommandLine::Action::Help);
   EXPECT_EQ(Reading({"--list"}).commandLine.action, CommandLine::Action::List);
@@ -70,6 +75,7 @@ TEST(CommandLine, RefusesWhatItDoesNotUnderstand) {
   EXPECT_EQ(Reading({"--no-module", "--module-arithmetic", "-e", "x;"}).message,
             "--module-arithmetic and --no-module exclude each other");
   EXPECT_FALSE(Reading({"--no-module", "--module-arithmetic", "-e", "x;"}).isUnderstood);
+  EXPECT_EQ(Reading({"--trace-gl", "--no-module", "x"}).message, "--trace-gl and --no-module exclude each other");
   EXPECT_FALSE(Reading({"--nope"}).isUnderstood);
 }
 

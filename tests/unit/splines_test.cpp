@@ -25,7 +25,7 @@ Floats From(float first, int count) {
   return numbers;
 }
 
-std::string Brackets(const Floats& numbers) { return recorder::Format(std::span<const float>(numbers)); }
+std::string Brackets(const Floats& numbers) { return gl_trace::Format(std::span<const float>(numbers)); }
 
 // What the renderer begins with, the drawing, in which % is the renderer, and its end.
 std::string Nurbs(std::string drawing) {

@@ -4,7 +4,7 @@
 #include <span>
 #include <string>
 
-namespace recorder {
+namespace gl_trace {
 
 struct ConstantName {
   unsigned value;
@@ -20,4 +20,4 @@ const char* PrimitiveName(unsigned value);
 // "GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT"; unnamed bits as a number, "0" for none.
 std::string MaskNames(std::span<const ConstantName> names, unsigned mask);
 
-}  // namespace recorder
+}  // namespace gl_trace

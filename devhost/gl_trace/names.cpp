@@ -1,11 +1,13 @@
-#include "tests/recorder/names.h"
+#include "devhost/gl_trace/names.h"
 
 #include <windows.h>
 
 #include <GL/gl.h>
 #include <GL/glu.h>
 
-namespace recorder {
+#include "devhost/text.h"
+
+namespace gl_trace {
 namespace {
 
 #define NAMED(constant) {static_cast<unsigned>(constant), #constant}
@@ -164,8 +166,8 @@ std::string MaskNames(std::span<const ConstantName> names, unsigned mask) {
     add(entry.name);
     mask &= ~entry.value;
   }
-  if (mask != 0 || text.empty()) add(std::to_string(mask));
+  if (mask != 0 || text.empty()) add(devhost::Decimal(mask));
   return text;
 }
 
-}  // namespace recorder
+}  // namespace gl_trace

@@ -1,4 +1,4 @@
-// How arguments read in the log. Numbers are written so that they read back bit for bit.
+// How arguments of OpenGL calls read, in the trace and in the unit tests. Numbers read back bit for bit.
 #pragma once
 
 #include <windows.h>
@@ -8,7 +8,7 @@
 #include <span>
 #include <string>
 
-namespace recorder {
+namespace gl_trace {
 
 // Marks of arguments that are not plain numbers.
 struct Enum {
@@ -42,4 +42,4 @@ std::string Format(std::span<const T> values) {
   return text + "}";
 }
 
-}  // namespace recorder
+}  // namespace gl_trace
