@@ -16,6 +16,7 @@ constexpr int kVertices = 100002;
 
 std::vector<float> Coordinates(int count, float step) {
   std::vector<float> numbers;
+  numbers.reserve(static_cast<std::size_t>(3 * count));
   for (int i = 0; i < 3 * count; ++i) numbers.push_back(std::sin(static_cast<float>(i) * step));
   return numbers;
 }

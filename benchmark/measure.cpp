@@ -49,10 +49,14 @@ void PrintHead() {
   std::printf("%-38s %-34s %6s %-24s %-24s %s\n", "work", "floor", "goal", "OpenGL: median (spread)", "stubs", "");
 }
 
+// Goals are for OpenGL that draws.
+const char* Verdict(const Row& row, const Ratio* real) {
+  if (!real) return "";
+  return real->median <= row.goal ? "met" : "MISSED";
+}
+
 void PrintRow(const Row& row, const Ratio* real, const Ratio* stubs) {
-  // Goals are for OpenGL that draws.
-  const char* verdict = !real ? "" : real->median <= row.goal ? "met" : "MISSED";
   std::printf("%-38s %-34s %6.2f %-24s %-24s %s\n", row.work.c_str(), row.floor.c_str(), row.goal, Text(real).c_str(),
-              Text(stubs).c_str(), verdict);
+              Text(stubs).c_str(), Verdict(row, real));
   std::fflush(stdout);
 }

@@ -120,6 +120,7 @@ Variable Arguments::Object(std::string_view className) {
 template <class Make>
 Variable Arguments::VectorOf(int size, Make make) {
   std::vector<Variable> elements;
+  elements.reserve(static_cast<std::size_t>(size));
   for (int i = 0; i < size; ++i) elements.push_back(make());
   return Vector(elements);
 }

@@ -22,10 +22,10 @@ class Arguments {
   Variable Object(std::string_view className);
   // A Vector in the shape that the letter names (see arguments.cpp).
   Variable Shaped(char shape);
-  Variable Triples(int count);
+  Variable Triples(int triples);
   Variable Row();
   template <class Make>
-  Variable VectorOf(int count, Make make);
+  Variable VectorOf(int size, Make make);
 
   Random& random;
   World& world;

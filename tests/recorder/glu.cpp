@@ -27,9 +27,10 @@ std::span<const T> Array(const T* values, GLint count) {
 }
 
 void ReportNurbsError() {
-  if (!Get().answers.nurbsError || !Get().nurbsErrorCallback) return;
+  const std::optional<GLenum> error = Get().answers.nurbsError;
+  if (!error || !Get().nurbsErrorCallback) return;
   // The registered function takes the error code, as GLU's documentation has it.
-  reinterpret_cast<void (*)(GLenum)>(Get().nurbsErrorCallback)(*Get().answers.nurbsError);
+  reinterpret_cast<void (*)(GLenum)>(Get().nurbsErrorCallback)(*error);
 }
 
 }  // namespace

@@ -34,7 +34,7 @@ inline float Ramp(float low, float high, float value) {
   const float share = Clamped((value - low) / (high - low));
   return share * share * (3 - 2 * share);
 }
-inline unsigned char ToByte(float unit) { return static_cast<unsigned char>(Clamped(unit) * 255 + 0.5F); }
+inline unsigned char ToByte(float unit) { return static_cast<unsigned char>(std::lround(Clamped(unit) * 255)); }
 
 // The direction in which a field grows.
 template <class Field>

@@ -23,7 +23,8 @@ struct View {
 
 bool Draw(TOpenGL& renderer, const Volume& volume, const View& view) {
   const auto left = static_cast<float>(view.left);
-  renderer.SetViewPort(left, 0, left + kWidth / 2, kHeight);
+  const float right = left + static_cast<float>(kWidth) / 2;
+  renderer.SetViewPort(left, 0, right, kHeight);
   renderer.PushModelMatrix();
   renderer.Rotate({1, 0, 0, 1}, view.tilt);
   renderer.Rotate({0, 1, 0, 1}, view.turn);

@@ -9,7 +9,11 @@ constexpr std::size_t kLargestAllocation = std::size_t{1} << 30;
 
 int allocationsUntilFailure = 0;  // 0: none is to fail
 
-bool FailsNow() { return allocationsUntilFailure > 0 && --allocationsUntilFailure == 0; }
+bool FailsNow() {
+  if (allocationsUntilFailure == 0) return false;
+  --allocationsUntilFailure;
+  return allocationsUntilFailure == 0;
+}
 
 void* AllocateOrFail(std::size_t size) noexcept {
   if (FailsNow()) return nullptr;

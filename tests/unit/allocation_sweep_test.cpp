@@ -69,6 +69,11 @@ bool Draws(const std::string& log) {
 
 class AllocationSweepTest : public ModuleTest {
  protected:
+  // An object of the class on which all methods do their work.
+  static Variable Ready(std::string_view className) {
+    return className == "TOpenGL" ? OpenRenderer() : NewObject(className);
+  }
+
   // Calls the row with its n-th allocation failing; false when it has not so many.
   static bool Attempt(const MethodEntry& row, int n) {
     devhost::Signature signature;
@@ -77,9 +82,7 @@ class AllocationSweepTest : public ModuleTest {
     recorder::Get().answers.viewport = {0, 0, 5, 5};
     const std::vector<Variable> args = ArgumentsOf(signature);
     const bool constructs = signature.method == signature.className;
-    Variable self = constructs                         ? Unjoined(signature.className)
-                    : signature.className == "TOpenGL" ? OpenRenderer()
-                                                       : NewObject(signature.className);
+    Variable self = constructs ? Unjoined(signature.className) : Ready(signature.className);
     const std::string name = std::string(row.signature).substr(signature.className.size() + 2);
     bool happened = false;
     {

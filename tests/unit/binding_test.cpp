@@ -31,14 +31,17 @@ std::vector<Row> Rows() {
   return rows;
 }
 
-// Arguments of the kinds that a row lists; `object` is what stands for each object.
+// An argument of this kind; `object` is what stands for each object.
+Variable Argument(const std::string& kind, const Variable& object) {
+  if (kind == "number") return Variable(2.0F);
+  return kind.find(' ') != std::string::npos ? object : Variable(1);
+}
+
+// Arguments of the kinds that a row lists.
 std::vector<Variable> Arguments(const Row& row, const Variable& object) {
   std::vector<Variable> args;
   for (const std::string& parameter : row.parameters) {
-    if (parameter == "...") continue;
-    args.push_back(parameter == "number"                      ? Variable(2.0F)
-                   : parameter.find(' ') != std::string::npos ? object
-                                                              : Variable(1));
+    if (parameter != "...") args.push_back(Argument(parameter, object));
   }
   return args;
 }
@@ -195,7 +198,7 @@ TEST_F(BindingTest, NativeClassesKeepTheirLayout) {
 
 TEST_F(BindingTest, ANativeObjectOfAnotherClassCountsAsNone) {
   Variable renderer = OpenRenderer();
-  for (Variable other : {NewRenderer(), NewObject("OglMaterial")}) {
+  for (const Variable& other : {NewRenderer(), NewObject("OglMaterial")}) {
     Call(renderer, "SetColor(refer object OglColor)", other);
     ExpectNoNative("OglColor");
   }

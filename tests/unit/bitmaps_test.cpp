@@ -143,7 +143,7 @@ TEST_F(BitmapsTest, PointWithScaleIsDrawnTwiceToo) {
 }
 
 TEST_F(BitmapsTest, SecondDrawTakesItsScaleFromTheFourthRegister) {
-  Variable renderer = OpenRenderer();
+  const Variable renderer = OpenRenderer();
   VarRegister registers[4];
   devhost::Assign(registers[0].GetVar(), Point3(5, 6, 7));
   devhost::Assign(registers[1].GetVar(), NewFakeBitmap(2, 1, ByteString({1, 2, 3, 4, 5, 6})));

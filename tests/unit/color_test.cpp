@@ -19,7 +19,7 @@ TEST_F(ColorTest, NumbersAreStoredAsGiven) {
 TEST_F(ColorTest, GettersTellTheComponents) {
   Variable color = NewColor(0.1F, 0.2F, 0.3F, 0.4F);
   const char* names[] = {"GetRed", "GetGreen", "GetBlue", "GetAlpha"};
-  float expected[] = {0.1F, 0.2F, 0.3F, 0.4F};
+  const float expected[] = {0.1F, 0.2F, 0.3F, 0.4F};
   for (int i = 0; i < 4; ++i) {
     Variable component = Call(color, names[i]);
     EXPECT_EQ(component.GetType(), TVAR_FLOAT);

@@ -258,8 +258,8 @@ TEST_F(ContextTest, BindThatCannotMakeCurrentRaisesCantBindDc) {
 TEST_F(ContextTest, DestructorCloses) {
   SetCurrent(0x77, 0x88);
   {
-    Variable renderer = OpenRenderer();
-    Variable closed = NewRenderer();
+    const Variable renderer = OpenRenderer();
+    const Variable closed = NewRenderer();
   }
   EXPECT_EQ(TakeLog(), Lines({"wglMakeCurrent(0x77, 0x88)", "wglDeleteContext(0xc001)"}));
   ExpectCurrent(0x77, 0x88);

@@ -10,7 +10,7 @@ namespace {
 using DecodeTest = ModuleTest;
 using Floats = std::vector<float>;
 
-Floats Values(Triples& triples) { return {triples.Values(), triples.Values() + 3 * triples.Count()}; }
+Floats Values(Triples& triples) { return {triples.Values(), triples.Values() + std::ptrdiff_t{3} * triples.Count()}; }
 
 Floats Points(Variable vector) {
   Triples triples = DecodePoints(vector);

@@ -94,8 +94,8 @@ TEST_F(EntryTest, ErrorRowsArePacked) {
   const char* message = nullptr;
   const char* name = nullptr;
   std::memcpy(&code, bytes + 18, sizeof(code));
-  std::memcpy(&message, bytes + 18 + 2, sizeof(message));
-  std::memcpy(&name, bytes + 18 + 10, sizeof(name));
+  std::memcpy(static_cast<void*>(&message), bytes + 18 + 2, sizeof(message));
+  std::memcpy(static_cast<void*>(&name), bytes + 18 + 10, sizeof(name));
   EXPECT_EQ(code, 1);
   EXPECT_STREQ(message, "The Device Context is not Open");
   EXPECT_STREQ(name, "OGL_NO_DC");

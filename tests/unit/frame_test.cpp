@@ -21,7 +21,7 @@ std::string OpenAndTakeState(Variable& renderer) {
 
 // What the light set sends at these default values but for the two-side flag, which is on.
 std::string LightOn() {
-  std::string log =
+  const std::string log =
       Lines({"glLightModeli(GL_LIGHT_MODEL_LOCAL_VIEWER, 1)", "glEnable(GL_LIGHTING)", "glEnable(GL_LIGHT0)",
              "glDisable(GL_COLOR_MATERIAL)", "glLightModeli(GL_LIGHT_MODEL_TWO_SIDE, 1)"});
   OGLLightSet(1, 1, 1, 1).Apply();

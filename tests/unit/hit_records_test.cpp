@@ -16,7 +16,7 @@ Variable Hits(Variable& renderer, int hits, const Words& words) {
   recorder::Get().answers.hits = hits;
   recorder::Get().answers.hitRecords = words;
   Call(renderer, "BeginSelection", 1, 1, 1, 1);
-  Variable result = Call(renderer, "EndSelection");
+  const Variable result = Call(renderer, "EndSelection");
   TakeLog();
   return result;
 }

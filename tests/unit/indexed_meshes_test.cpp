@@ -137,7 +137,7 @@ TEST_F(IndexedMeshesTest, WithoutItsNativeObject) {
 }
 
 TEST_F(IndexedMeshesTest, ObjectsOfTheModuleAreNoMeshes) {
-  for (Variable object : {NewColor(1, 2, 3, 4), NewRenderer(), Material(0.5F)}) {
+  for (const Variable& object : {NewColor(1, 2, 3, 4), NewRenderer(), Material(0.5F)}) {
     CallRow(renderer, "TrianglesExFB",
             std::vector{Vector({object, meshes[1]->Object()}), Integers({0}), Vector(materials)});
     EXPECT_EQ(TakeLog(), kFilled + Run(1, {0}));
@@ -145,7 +145,7 @@ TEST_F(IndexedMeshesTest, ObjectsOfTheModuleAreNoMeshes) {
 }
 
 TEST_F(IndexedMeshesTest, ObjectsOfOtherClassesAreNoMaterials) {
-  for (Variable object : {NewColor(1, 2, 3, 4), NewRenderer(), meshes[0]->Object()}) {
+  for (const Variable& object : {NewColor(1, 2, 3, 4), NewRenderer(), meshes[0]->Object()}) {
     std::vector<Variable> arguments = Arguments({0});
     devhost::Assign(arguments[2], Vector({object}));
     CallRow(renderer, "TrianglesExFB", arguments);

@@ -268,9 +268,9 @@ TEST_F(MaterialTest, MissingComponentReadsAsWhiteOnBothFaces) {
 }
 
 TEST_F(MaterialTest, MissingComponentIsNotAppliedNorCopied) {
-  Variable material = MaterialWithout(1);
-  Variable copy = New("OglMaterial(copy)", material);
-  for (Variable& each : std::vector{material, copy}) {
+  const Variable material = MaterialWithout(1);
+  const Variable copy = New("OglMaterial(copy)", material);
+  for (const Variable& each : std::vector{material, copy}) {
     NativeOf<OGLMaterial>(each)->Apply();
     const std::string log = TakeLog();
     EXPECT_EQ(log.find("GL_FRONT, GL_DIFFUSE"), std::string::npos);

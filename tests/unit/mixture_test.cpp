@@ -80,7 +80,7 @@ TEST_F(MixtureTest, TopRowComesFirstBlueFirst) {
 TEST_F(MixtureTest, ReadsAsMuchAsTheViewportFromThePosition) {
   Variable renderer = OpenRenderer();
   SetFrame(4, 2, {});
-  Call(renderer, "GetDIBitsMixture", 10.9F, -3.9F, 7, 9, ByteString(Bytes(7 * 9 * 3)), 0.5F);
+  Call(renderer, "GetDIBitsMixture", 10.9F, -3.9F, 7, 9, ByteString(Bytes(189)), 0.5F);
   EXPECT_EQ(TakeLog(), Lines({"glGetIntegerv(GL_VIEWPORT)", "glPixelStorei(GL_UNPACK_ALIGNMENT, 1)",
                               "glReadPixels(10, -3, 4, 2, GL_RGB, GL_UNSIGNED_BYTE)"}));
 }
@@ -88,7 +88,7 @@ TEST_F(MixtureTest, ReadsAsMuchAsTheViewportFromThePosition) {
 TEST_F(MixtureTest, StringLargerThanTheViewportChangesOnlyInItsCorner) {
   Variable renderer = OpenRenderer();
   SetFrame(4, 2, Bytes(24, 50));
-  const Variable string = ByteString(Bytes(6 * 4 * 3, 9));
+  const Variable string = ByteString(Bytes(72, 9));
   EXPECT_TRUE(Mix(renderer, 6, 4, string, 0.0F));
   const Bytes bytes = BytesOf(string);
   for (std::size_t i = 0; i < bytes.size(); ++i) {

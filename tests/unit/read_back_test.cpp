@@ -137,7 +137,7 @@ TEST_F(ReadBackTest, WithoutScratchTheBytesStayUnfilled) {
 
 TEST_F(ReadBackTest, NativeCallFillsExactlyItsPixels) {
   recorder::Get().answers.frame = Frame(24);
-  TOpenGL renderer;
+  const TOpenGL renderer;
   Bytes pixels(26, 0xEE);
   renderer.GetDIBits(0, 0, 4, 2, pixels.data() + 1);
   Bytes expected = SwappedEveryThree(Frame(24));

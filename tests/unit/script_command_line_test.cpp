@@ -11,16 +11,22 @@ namespace {
 
 using devhost::script::CommandLine;
 
+std::vector<char*> PointersTo(std::vector<std::string>& texts) {
+  std::vector<char*> pointers;
+  for (std::string& text : texts) pointers.push_back(text.data());
+  return pointers;
+}
+
 struct Reading {
-  explicit Reading(std::vector<std::string> words) : arguments(std::move(words)) {
-    for (std::string& argument : arguments) pointers.push_back(argument.data());
-    isUnderstood = devhost::script::ReadCommandLine(pointers, commandLine, message);
-  }
+  explicit Reading(std::vector<std::string> words)
+      : arguments(std::move(words)),
+        pointers(PointersTo(arguments)),
+        isUnderstood(devhost::script::ReadCommandLine(pointers, commandLine, message)) {}
   std::vector<std::string> arguments;
   std::vector<char*> pointers;
   CommandLine commandLine;
   std::string message;
-  bool isUnderstood = false;
+  bool isUnderstood;
 };
 
 TEST(CommandLine, RunsAScriptWithItsArguments) {

@@ -144,10 +144,10 @@ TEST(ScriptBuiltin, MayBeHiddenByAFunction) {
 }
 
 TEST(ScriptCompile, TextsBecomeFunctions) {
-  Variable function(TVAR_FUNCTION, const_cast<char*>("param a, b; return a - b;"));
+  const Variable function(TVAR_FUNCTION, const_cast<char*>("param a, b; return a - b;"));
   devhost::Function* compiled = devhost::FunctionOf(function);
   ASSERT_NE(compiled, nullptr);
-  for (int first : {10, 20}) {
+  for (const int first : {10, 20}) {
     Variable args[] = {Variable(first), Variable(3)};
     Variable result;
     ASSERT_TRUE(compiled->Call(result, args));
@@ -157,8 +157,8 @@ TEST(ScriptCompile, TextsBecomeFunctions) {
 
 TEST(ScriptCompile, MatrixProgramRuns) {
   devhost::RegisterHostClasses();
-  Variable program(TVAR_FUNCTION,
-                   const_cast<char*>("param FullMatr, LookMatr; return LookMatr->Inverse() * FullMatr;"));
+  const Variable program(TVAR_FUNCTION,
+                         const_cast<char*>("param FullMatr, LookMatr; return LookMatr->Inverse() * FullMatr;"));
   Variable sizes[] = {Variable(4), Variable(4)};
   Variable args[2];
   for (Variable& matrix : args) {
@@ -187,7 +187,8 @@ TEST(ScriptCompile, AnErrorHasItsPlace) {
 }
 
 TEST(ScriptCompile, DefinesFunctionsOfItsOwn) {
-  Variable function(TVAR_FUNCTION, const_cast<char*>("param a; function Twice(x) { return 2 * x; } return Twice(a);"));
+  const Variable function(TVAR_FUNCTION,
+                          const_cast<char*>("param a; function Twice(x) { return 2 * x; } return Twice(a);"));
   Variable args[] = {Variable(4)};
   Variable result;
   ASSERT_TRUE(devhost::FunctionOf(function)->Call(result, args));

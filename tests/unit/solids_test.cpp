@@ -1,5 +1,6 @@
 // Box and torus.
 #include <cmath>
+#include <numbers>
 #include <string>
 
 #include "tests/unit/drawing.h"
@@ -71,7 +72,7 @@ TEST_F(SolidsTest, WiredDrawsOutlines) {
 
 // The strips of a torus, in double precision from the angles on.
 std::string TorusStrips(double ring, int segments, double tube, int sides) {
-  const double twoPi = 2.0 * 3.141592653589793;
+  const double twoPi = 2.0 * std::numbers::pi;
   std::string strips;
   for (int i = 0; i < sides; ++i) {
     std::string body;

@@ -1,4 +1,5 @@
 // Light, fog, switches and drawing state of the renderer, through its script methods.
+#include <map>
 #include <string>
 #include <vector>
 
@@ -57,10 +58,10 @@ TEST_P(LightColorTest, ReachesOpenGLWithTheNextPosition) {
   Variable renderer = OpenRenderer();
   Call(renderer, setter, 1.0F, 2.0F, 3.0F);
   Call(renderer, "SetLightPosition", 0.0F, 0.0F, 1.0F);
-  const std::string parameter = setter == "SetAmbientLightColor"   ? "GL_AMBIENT"
-                                : setter == "SetDiffuseLightColor" ? "GL_DIFFUSE"
-                                                                   : "GL_SPECULAR";
-  EXPECT_NE(TakeLog().find("glLightfv(GL_LIGHT0, " + parameter + ", {1, 2, 3, 1})\n"), std::string::npos);
+  static const std::map<std::string, std::string> kParameters = {{"SetAmbientLightColor", "GL_AMBIENT"},
+                                                                 {"SetDiffuseLightColor", "GL_DIFFUSE"},
+                                                                 {"SetSpecularLightColor", "GL_SPECULAR"}};
+  EXPECT_NE(TakeLog().find("glLightfv(GL_LIGHT0, " + kParameters.at(setter) + ", {1, 2, 3, 1})\n"), std::string::npos);
 }
 
 TEST_P(LightColorTest, ColorWithoutNativeChangesNothing) {
@@ -167,7 +168,7 @@ TEST_F(StateTest, ColorWithoutNativeDrawsNothing) {
 }
 
 TEST_F(StateTest, MaterialIsAppliedAndTakesTheColorMaterialOffWhenLit) {
-  Variable material = New("OglMaterial(number, number, number, number)", 1.0F, 0.5F, 0.25F, 1.0F);
+  const Variable material = New("OglMaterial(number, number, number, number)", 1.0F, 0.5F, 0.25F, 1.0F);
   NativeOf<OGLMaterial>(material)->Apply();
   const std::string applied = TakeLog();
   Variable renderer = OpenRenderer();

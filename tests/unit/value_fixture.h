@@ -1,6 +1,8 @@
 // What the tests of the exported arithmetic share.
 #pragma once
 
+#include <array>
+#include <bit>
 #include <climits>
 #include <cstring>
 #include <string>
@@ -20,7 +22,9 @@ inline TVARTYPE TagOf(double /*number*/) { return TVAR_DOUBLE; }
 // Whether the value is this number, of its type, bit for bit.
 template <class T>
 testing::AssertionResult Holds(const Variable& value, T expected) {
-  if (value.type == TagOf(expected) && std::memcmp(&value.slot, &expected, sizeof expected) == 0) {
+  std::array<unsigned char, sizeof expected> held;
+  std::memcpy(held.data(), &value.slot, sizeof held);
+  if (value.type == TagOf(expected) && held == std::bit_cast<decltype(held)>(expected)) {
     return testing::AssertionSuccess();
   }
   return testing::AssertionFailure() << devhost::TextOf(value) << " of type " << value.type << " is not " << expected

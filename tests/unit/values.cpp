@@ -78,7 +78,7 @@ std::vector<float> CoordinatesOf(Variable point) {
   return coordinates;
 }
 
-std::vector<float> ComponentsOf(Variable color) {
+std::vector<float> ComponentsOf(const Variable& color) {
   const auto* native = NativeOf<OGLColor>(color);
   if (!native) return {};
   return {native->red, native->green, native->blue, native->alpha};

@@ -12,7 +12,7 @@
 inline Variable Value(float number) { return Variable(number); }
 inline Variable Value(int number) { return Variable(number); }
 inline Variable Value(bool truth) { return Variable(truth ? 1 : 0); }
-inline const Variable& Value(const Variable& value) { return value; }
+inline Variable Value(const Variable& value) { return value; }
 
 // Vectors: of numbers, of integers, and of any values.
 Variable Numbers(const std::vector<float>& numbers);
@@ -37,7 +37,7 @@ std::vector<float> Counting(int triples);
 // The numbers in a Vector, in a POINT3, in an OglColor; the bytes in a byte string.
 std::vector<float> NumbersOf(Variable vector);
 std::vector<float> CoordinatesOf(Variable point);
-std::vector<float> ComponentsOf(Variable color);
+std::vector<float> ComponentsOf(const Variable& color);
 std::vector<unsigned char> BytesOf(Variable string);
 
 // The native object joined to a script object, or null.

@@ -57,7 +57,7 @@ Variable Shaped(Floats numbers, char kind, Shape shape) {
   if (shape == Shape::kTwoMore) numbers.push_back(88);
   if (shape <= Shape::kTwoMore) return Numbers(numbers);
   std::vector<Variable> elements;
-  for (int i = 0; i < kCount; ++i) elements.push_back(Element(numbers.data() + 3 * i, kind, shape, i));
+  for (int i = 0; i < kCount; ++i) elements.push_back(Element(numbers.data() + std::ptrdiff_t{3} * i, kind, shape, i));
   return Vector(elements);
 }
 

@@ -184,7 +184,7 @@ TEST_F(ViewTest, PointsRectanglesAndFrustaAsValues) {
   EXPECT_EQ(Floats({point.x, point.y, point.z, point.w}), Floats({0, 0, -1, 1}));
   const OGLRect empty;
   EXPECT_EQ(Floats({empty.left, empty.right, empty.top, empty.bottom}), Floats({0, 0, 0, 0}));
-  OGLRect rect(1, 2, 4, 8);
+  const OGLRect rect(1, 2, 4, 8);
   EXPECT_EQ(Floats({rect.left, rect.right, rect.top, rect.bottom}), Floats({1, 4, 2, 8}));
   EXPECT_EQ(rect.Width(), 3.0F);
   EXPECT_EQ(rect.Height(), 6.0F);
