@@ -45,13 +45,11 @@ OGLMaterial::OGLMaterial(const OGLColor& ambient, const OGLColor& diffuse, const
 OGLMaterial::OGLMaterial(const OGLMaterial& other) : TalqAss() { CopyComponents(other); }
 
 OGLMaterial& OGLMaterial::operator=(const OGLMaterial& other) {
-  if (this == &other) return *this;
-  DestroyComponents();
-  CopyComponents(other);
+  if (this != &other) CopyComponents(other);
   return *this;
 }
 
-OGLMaterial::~OGLMaterial() { DestroyComponents(); }
+OGLMaterial::~OGLMaterial() = default;
 
 void OGLMaterial::Create(const float (&colors)[kKinds][4]) {
   for (const Flag front : {kOn, kOff}) {
@@ -67,14 +65,10 @@ void OGLMaterial::Create(const float (&colors)[kKinds][4]) {
 void OGLMaterial::CopyComponents(const OGLMaterial& other) {
   for (auto component : kComponents) {
     const OGLMaterialColor* source = (other.*component).get();
-    if (source) (this->*component).reset(new (std::nothrow) OGLMaterialColor(*source));
+    (this->*component).reset(source ? new (std::nothrow) OGLMaterialColor(*source) : nullptr);
   }
   frontShininess = other.frontShininess;
   backShininess = other.backShininess;
-}
-
-void OGLMaterial::DestroyComponents() {
-  for (auto component : kComponents) (this->*component).reset();
 }
 
 void OGLMaterial::SetComponent(Kind kind, float red, float green, float blue, float alpha, Flag front) {

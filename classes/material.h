@@ -48,13 +48,13 @@ class OGLMaterial : public TalqAss {
   // In the order in which the components of a face are stored.
   enum Kind { kAmbient, kDiffuse, kSpecular, kEmission };
   static constexpr int kKinds = 4;
-  // The eight components in the order in which they are stored, applied and destroyed.
+  // The eight components in the order in which they are stored and applied.
   static Component OGLMaterial::* const kComponents[2 * kKinds];
 
   // Creates the components: both faces get the four colours, given in the order of Kind.
   void Create(const float (&colors)[kKinds][4]);
+  // What the other lacks is absent afterwards.
   void CopyComponents(const OGLMaterial& other);
-  void DestroyComponents();
   void SetComponent(Kind kind, float red, float green, float blue, float alpha, Flag front);
   OGLColor GetComponent(Kind kind, Flag front) const;
 

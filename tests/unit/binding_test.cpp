@@ -7,6 +7,7 @@
 #include "module/exports.h"
 #include "render/topengl.h"
 #include "tests/unit/fixture.h"
+#include "tests/unit/host_calls.h"
 
 namespace {
 
@@ -74,6 +75,16 @@ TEST_F(BindingTest, DestructorTakesTheNativeAway) {
     EXPECT_NE(object.GetAssID(), nullptr) << name;
     Call(object, "~" + std::string(name));
     EXPECT_EQ(object.GetAssID(), nullptr) << name;
+  }
+}
+
+// The handler does not leave it to the native object's own end.
+TEST_F(BindingTest, DestructorBreaksTheJoint) {
+  for (const char* name : {"TOpenGL", "OglColor", "OglMaterial"}) {
+    Variable object = NewObject(name);
+    Host() = {};
+    Call(object, "~" + std::string(name));
+    EXPECT_EQ(Host().brokenJoints, 1) << name;
   }
 }
 

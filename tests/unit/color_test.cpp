@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "tests/unit/fixture.h"
+#include "tests/unit/host_calls.h"
 
 namespace {
 
@@ -121,6 +122,13 @@ TEST_F(ColorTest, ProductWithoutMemoryHasNoNative) {
   EXPECT_EQ(devhost::KindOf(product), "OglColor");
   EXPECT_EQ(product.GetAssID(), nullptr);
   EXPECT_EQ(devhost::RaisedCount(), 0);
+}
+
+TEST_F(ColorTest, InstancesOwnColorIsUnjoinedBeforeItGoes) {
+  Variable color = NewColor(1.0F, 0.5F, 0.25F, 0.3F);
+  Host() = {};
+  const Variable product = Call(color, "*", 2.0F);
+  EXPECT_EQ(Host().brokenJoints, 1);
 }
 
 TEST_F(ColorTest, ProductIsMadeWhenTheInstanceComesWithoutAColor) {

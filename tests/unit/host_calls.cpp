@@ -40,4 +40,11 @@ void* WatchedAllocator(std::size_t size, std::size_t x, std::size_t y, std::size
   if (memory) std::memset(memory, Host().memoryFill, size);
   return memory;
 }
+
+void RealBreakJoint(TalqAss*) asm("__real__ZN7TalqAss10BreakJointEv");
+void WatchedBreakJoint(TalqAss*) asm("__wrap__ZN7TalqAss10BreakJointEv");
+void WatchedBreakJoint(TalqAss* native) {
+  ++Host().brokenJoints;
+  RealBreakJoint(native);
+}
 // NOLINTEND(bugprone-reserved-identifier)

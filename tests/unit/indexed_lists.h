@@ -7,6 +7,7 @@
 #include "classes/material.h"
 #include "devhost/payload.h"
 #include "geometry/indexed.h"
+#include "render/topengl.h"
 #include "tests/unit/drawing.h"
 
 // The coordinates of `triangles` triangles, counted from `first`.

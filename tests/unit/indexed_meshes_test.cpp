@@ -80,6 +80,13 @@ TEST_F(IndexedMeshesTest, ObjectsWithoutAMeshAreWalkedOver) {
   EXPECT_EQ(TakeLog(), kFilled + Run(1, {0}));
 }
 
+TEST_F(IndexedMeshesTest, MeshesWithoutATriangleAreWalkedOver) {
+  const MeshObject empty({}, {});
+  CallRow(renderer, "TrianglesExFB",
+          std::vector{Vector({empty.Object(), meshes[1]->Object()}), Integers({0}), Vector(materials)});
+  EXPECT_EQ(TakeLog(), kFilled + Run(1, {0}));
+}
+
 TEST_F(IndexedMeshesTest, MaterialsWithoutANativeObjectAreSkipped) {
   devhost::Assign(materials[1], Unjoined("OglMaterial"));
   EXPECT_EQ(Draw({2}), kFilled + Primitive("GL_TRIANGLES", meshes[1]->Triangle(0)));
@@ -127,6 +134,13 @@ TEST_F(IndexedMeshesTest, NothingIsDrawnNorReadUnlessOpenAndBound) {
     CallRow(undrawable, "TrianglesExFB", arguments);
     EXPECT_EQ(TakeLog(), "");
     EXPECT_EQ(devhost::RaisedCount(), 0);
+  }
+}
+
+TEST_F(IndexedMeshesTest, RendererItselfDrawsNothingUnlessOpenAndBound) {
+  for (Variable& undrawable : UndrawableRenderers()) {
+    NativeOf<TOpenGL>(undrawable)->TrianglesExFB({}, {}, {});
+    EXPECT_EQ(TakeLog(), "");
   }
 }
 

@@ -166,6 +166,13 @@ TEST_F(IndexedTest, CountsAreCheckedOnAClosedRendererToo) {
   EXPECT_EQ(ErrorsOf(closed, {{4, 4}}), 1);
 }
 
+TEST_F(IndexedTest, RendererItselfDrawsNothingUnlessOpenAndBound) {
+  for (Variable& undrawable : UndrawableRenderers()) {
+    NativeOf<TOpenGL>(undrawable)->TrianglesEx({}, {});
+    EXPECT_EQ(TakeLog(), "");
+  }
+}
+
 TEST_F(IndexedTest, WithoutItsNativeObject) {
   Variable unjoined = Unjoined("TOpenGL");
   CallRow(unjoined, "TrianglesEx", Arguments({0}));

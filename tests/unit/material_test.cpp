@@ -109,10 +109,10 @@ TEST_F(MaterialTest, NativeAssignmentCopiesAllAndToleratesItself) {
 
 TEST_F(MaterialTest, SetColorGivesSpecularTheColorItself) {
   Variable material = NewMaterial(0, 0, 0, 0);
-  Call(material, "SetColor", 1.0F, 0.0F, 0.3F, 0.5F);
-  const Floats specular = {1.0F, 0.0F, 0.3F, 0.5F};
-  const Floats diffuse = {0.9F, 0.0F, 0.9F * 0.3F, 0.5F};
-  const Floats ambient = {0.4F, 0.0F, 0.4F * 0.3F, 0.5F};
+  Call(material, "SetColor", 0.7F, 0.0F, 0.3F, 0.5F);
+  const Floats specular = {0.7F, 0.0F, 0.3F, 0.5F};
+  const Floats diffuse = {0.9F * 0.7F, 0.0F, 0.9F * 0.3F, 0.5F};
+  const Floats ambient = {0.4F * 0.7F, 0.0F, 0.4F * 0.3F, 0.5F};
   ExpectFaces(material, "Specular", specular, specular);
   ExpectFaces(material, "Diffuse", diffuse, diffuse);
   ExpectFaces(material, "Ambient", ambient, ambient);
@@ -276,6 +276,14 @@ TEST_F(MaterialTest, MissingComponentIsNotAppliedNorCopied) {
     EXPECT_EQ(log.find("GL_FRONT, GL_DIFFUSE"), std::string::npos);
     EXPECT_EQ(std::count(log.begin(), log.end(), '\n'), 9);
   }
+}
+
+TEST_F(MaterialTest, AssignmentTakesOverThatAComponentIsMissing) {
+  Variable incomplete = MaterialWithout(1);
+  OGLMaterial target(0, 0, 0, 0);
+  target = *NativeOf<OGLMaterial>(incomplete);
+  target.Apply();
+  EXPECT_EQ(TakeLog().find("GL_FRONT, GL_DIFFUSE"), std::string::npos);
 }
 
 TEST_F(MaterialTest, AComponentCanBeMadeFromAColor) {
