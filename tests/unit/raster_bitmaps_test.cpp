@@ -1,4 +1,5 @@
 // "PutBitmap" and "Put2bBitmap": pixels and bits at the raster position.
+#include <array>
 #include <string>
 #include <vector>
 
@@ -95,6 +96,27 @@ TEST_F(RasterBitmapsTest, BitsThatTheStringDoesNotHoldAreZeros) {
   Call(renderer, "Put2bBitmap", 0.0F, 0.0F, 0.0F, 33, 2, Variable());
   EXPECT_EQ(LastImage(), Bytes(13));
   EXPECT_EQ(TakeLog(), drawn);
+}
+
+// Whether the call allocates: only for a copy, without which nothing is drawn.
+bool NeedsACopy(Variable& renderer, int width, int height, int bytes) {
+  const Variable bits = ByteString(Bytes(static_cast<std::size_t>(bytes)));
+  const FailingAllocation failing(1);
+  Call(renderer, "Put2bBitmap", 0.0F, 0.0F, 0.0F, width, height, bits);
+  EXPECT_EQ(TakeLog().empty(), failing.Happened());
+  return failing.Happened();
+}
+
+TEST_F(RasterBitmapsTest, StringIsCopiedOnlyWhenItIsTooShort) {
+  Variable renderer = OpenRenderer();
+  for (const auto& [width, height, bytes] : std::initializer_list<std::array<int, 3>>{
+           {1, 1, 1}, {8, 1, 1}, {9, 1, 2}, {1, 2, 5}, {32, 2, 8}, {33, 2, 13}, {64, 3, 24}, {65, 3, 33}}) {
+    EXPECT_FALSE(NeedsACopy(renderer, width, height, bytes)) << width << " x " << height;
+    EXPECT_TRUE(NeedsACopy(renderer, width, height, bytes - 1)) << width << " x " << height;
+  }
+  for (const auto& [width, height] : std::initializer_list<std::pair<int, int>>{{0, 0}, {5, 0}, {0, 5}, {5, -3}}) {
+    EXPECT_FALSE(NeedsACopy(renderer, width, height, 0)) << width << " x " << height;
+  }
 }
 
 TEST_F(RasterBitmapsTest, WithoutMemoryForMissingBitsNothingIsDrawn) {
