@@ -42,30 +42,33 @@ Registers CpuId(int leaf) {
 unsigned SavedState() { return static_cast<unsigned>(_xgetbv(0)); }
 #endif
 
-constexpr unsigned kSsse3 = 1U << 9;                                     // of register c, leaf 1
-constexpr unsigned kOsxsave = 1U << 27;                                  // of register c, leaf 1
-constexpr unsigned kAvx2 = 1U << 5;                                      // of register b, leaf 7
-constexpr unsigned kAvx512 = 1U << 16 | 1U << 17 | 1U << 30 | 1U << 31;  // F, DQ, BW and VL, of register b, leaf 7
+constexpr unsigned kSsse3 = 1U << 9;                                     // of leaf 1, register c
+constexpr unsigned kOsxsave = 1U << 27;                                  // of leaf 1, register c
+constexpr unsigned kAvx2 = 1U << 5;                                      // of leaf 7, register b
+constexpr unsigned kAvx512 = 1U << 16 | 1U << 17 | 1U << 30 | 1U << 31;  // F, DQ, BW and VL, of leaf 7, register b
 constexpr unsigned kYmmState = 0x06;
 constexpr unsigned kZmmState = 0xE6;
 
-bool Has(unsigned features, unsigned state) {
-  return (CpuId(1).c & kOsxsave) != 0 && (SavedState() & state) == state && (CpuId(7).b & features) == features;
+const ProcessorReport& Report() {
+  static const ProcessorReport report = [] {
+    const unsigned leaf1c = CpuId(1).c;
+    return ProcessorReport{leaf1c, CpuId(7).b, (leaf1c & kOsxsave) != 0 ? SavedState() : 0};
+  }();
+  return report;
 }
+
+bool HasAll(unsigned bits, unsigned wanted) { return (bits & wanted) == wanted; }
 
 }  // namespace
 
-bool HasSsse3() {
-  static const bool has = (CpuId(1).c & kSsse3) != 0;
-  return has;
+bool ReportsSsse3(const ProcessorReport& report) { return HasAll(report.leaf1c, kSsse3); }
+bool ReportsAvx2(const ProcessorReport& report) {
+  return HasAll(report.leaf7b, kAvx2) && HasAll(report.savedState, kYmmState);
+}
+bool ReportsAvx512(const ProcessorReport& report) {
+  return HasAll(report.leaf7b, kAvx512) && HasAll(report.savedState, kZmmState);
 }
 
-bool HasAvx2() {
-  static const bool has = Has(kAvx2, kYmmState);
-  return has;
-}
-
-bool HasAvx512() {
-  static const bool has = Has(kAvx512, kZmmState);
-  return has;
-}
+bool HasSsse3() { return ReportsSsse3(Report()); }
+bool HasAvx2() { return ReportsAvx2(Report()); }
+bool HasAvx512() { return ReportsAvx512(Report()); }

@@ -1,6 +1,19 @@
 // What the processor can do beyond the baseline of x86-64, asked once.
 #pragma once
 
+// What the processor says of itself, as Intel's manual has it: register c of cpuid's leaf 1 and b of leaf 7; and which
+// registers the system saves when it switches threads, as xgetbv tells, 0 where it does not say.
+struct ProcessorReport {
+  unsigned leaf1c;
+  unsigned leaf7b;
+  unsigned savedState;
+};
+
+// Whether a processor with this report can do it; as below.
+bool ReportsSsse3(const ProcessorReport& report);
+bool ReportsAvx2(const ProcessorReport& report);
+bool ReportsAvx512(const ProcessorReport& report);
+
 // SSSE3: bytes are shuffled within a vector.
 bool HasSsse3();
 // AVX2, and AVX-512 with its byte instructions: vectors of 32 and 64 bytes. True only where the system saves them too.

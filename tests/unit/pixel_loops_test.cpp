@@ -123,6 +123,26 @@ TEST(PixelLoops, EveryProcessorDoesTheSame) {
   Processors() = {};
 }
 
+// Needs every one of these bits of a report, and no other.
+void ExpectNeeds(bool (*reports)(const ProcessorReport&), const ProcessorReport& needed) {
+  EXPECT_TRUE(reports(needed));
+  for (unsigned ProcessorReport::* word :
+       {&ProcessorReport::leaf1c, &ProcessorReport::leaf7b, &ProcessorReport::savedState}) {
+    for (unsigned bit = 1; bit != 0; bit <<= 1) {
+      ProcessorReport all = {~0U, ~0U, ~0U};
+      all.*word &= ~bit;
+      EXPECT_EQ(reports(all), (needed.*word & bit) == 0) << std::hex << bit;
+    }
+  }
+}
+
+TEST(PixelLoops, ProcessorHasToReportEveryPartOfWhatALoopNeeds) {
+  ExpectNeeds(ReportsSsse3, {1U << 9, 0, 0});
+  ExpectNeeds(ReportsAvx2, {0, 1U << 5, 1U << 1 | 1U << 2});
+  ExpectNeeds(ReportsAvx512,
+              {0, 1U << 16 | 1U << 17 | 1U << 30 | 1U << 31, 1U << 1 | 1U << 2 | 1U << 5 | 1U << 6 | 1U << 7});
+}
+
 // The compiler's library asks the processor by itself.
 TEST(PixelLoops, ProcessorIsWhatTheCompilersLibraryTakesItFor) {
   EXPECT_EQ(HasSsse3(), __builtin_cpu_supports("ssse3") != 0);
