@@ -1,5 +1,10 @@
-// Makes an allocation of the module fail.
+// Watches the allocations of the module, and makes one fail.
 #pragma once
+
+#include <cstddef>
+
+// The bytes that were last asked of new (std::nothrow) or calloc.
+std::size_t LastAllocationSize();
 
 // While it lives, the n-th (counted from 1) of the following allocations by new (std::nothrow) and calloc
 // yields null.

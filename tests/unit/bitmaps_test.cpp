@@ -5,6 +5,7 @@
 
 #include "module/handlers/handlers.h"
 #include "render/topengl.h"
+#include "tests/unit/allocation.h"
 #include "tests/unit/fake_bitmap.h"
 #include "tests/unit/fixture.h"
 
@@ -109,6 +110,7 @@ TEST_F(BitmapsTest, TextureStartsBlack) {
   Variable renderer = OpenRenderer();
   Call(renderer, "DrawBitmap", 0.0F, 0.0F, 0.0F, NewFakeBitmap(1, 1, ByteString({9, 9, 9})));
   EXPECT_EQ(TakeTextures("glTexImage2D"), std::vector<Bytes>{Bytes(std::size_t{3} * 256 * 256, 0)});
+  EXPECT_EQ(LastAllocationSize(), std::size_t{4} * 256 * 256);
 }
 
 TEST_F(BitmapsTest, BitmapIsAskedForItsSizesThenItsPixels) {

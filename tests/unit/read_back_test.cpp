@@ -1,10 +1,12 @@
 // "GetDIBits".
+#include <array>
 #include <climits>
 #include <limits>
 #include <string>
 #include <vector>
 
 #include "render/topengl.h"
+#include "tests/unit/allocation.h"
 #include "tests/unit/allocation_limit.h"
 #include "tests/unit/fixture.h"
 
@@ -88,7 +90,20 @@ TEST_F(ReadBackTest, NothingIsReadUnlessOpenAndBound) {
 TEST_F(ReadBackTest, ZeroSizesGiveNoBytes) {
   Variable renderer = OpenRenderer();
   EXPECT_EQ(BytesOf(Call(renderer, "GetDIBits", 0.0F, 0.0F, 0, 7)), Bytes());
+  EXPECT_EQ(TakeLog(),
+            Lines({"glPixelStorei(GL_UNPACK_ALIGNMENT, 1)", "glReadPixels(0, 0, 0, 7, GL_RGB, GL_UNSIGNED_BYTE)"}));
   EXPECT_EQ(BytesOf(Call(renderer, "GetDIBits", 0.0F, 0.0F, 7, 0)), Bytes());
+  EXPECT_EQ(TakeLog(),
+            Lines({"glPixelStorei(GL_UNPACK_ALIGNMENT, 1)", "glReadPixels(0, 0, 7, 0, GL_RGB, GL_UNSIGNED_BYTE)"}));
+}
+
+TEST_F(ReadBackTest, ScratchHoldsThePaddedRowsAndNoMore) {
+  Variable renderer = OpenRenderer();
+  for (const auto& [width, height, bytes] :
+       std::initializer_list<std::array<int, 3>>{{1, 1, 4}, {2, 3, 24}, {3, 1, 12}, {5, 3, 48}, {7, 0, 24}}) {
+    Call(renderer, "GetDIBits", 0.0F, 0.0F, width, height);
+    EXPECT_EQ(LastAllocationSize(), static_cast<std::size_t>(bytes)) << width << " x " << height;
+  }
 }
 
 TEST_F(ReadBackTest, NegativeSizesReadNothing) {
@@ -139,7 +154,9 @@ TEST_F(ReadBackTest, NativeCallFillsExactlyItsPixels) {
   recorder::Get().answers.frame = Frame(24);
   const TOpenGL renderer;
   Bytes pixels(26, 0xEE);
+  const FailingAllocation failing(1);
   renderer.GetDIBits(0, 0, 4, 2, pixels.data() + 1);
+  EXPECT_FALSE(failing.Happened());
   Bytes expected = SwappedEveryThree(Frame(24));
   expected.insert(expected.begin(), 0xEE);
   expected.push_back(0xEE);
