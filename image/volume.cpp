@@ -17,8 +17,8 @@ struct AxisWalk {
   int step;
 };
 
-AxisWalk Ascending(int size, int step = 1) { return {0, size > 0 ? (size - 1) / step + 1 : 0, step}; }
-AxisWalk Descending(int size, int step = 1) { return {size - 1, size > 0 ? (size - 1) / step + 1 : 0, -step}; }
+AxisWalk Ascending(int size, int step) { return {0, size > 0 ? (size - 1) / step + 1 : 0, step}; }
+AxisWalk Descending(int size, int step) { return {size - 1, size > 0 ? (size - 1) / step + 1 : 0, -step}; }
 
 float Unit(unsigned char byte) { return static_cast<float>(byte) * kByteToUnit; }
 

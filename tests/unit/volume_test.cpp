@@ -85,6 +85,30 @@ TEST_F(VolumeTest, SlicesAlongX) {
   EXPECT_EQ(Points(1, 0, 1), descending);
 }
 
+TEST_F(VolumeTest, OneSliceIsDrawnWhateverTheDirectionAndStep) {
+  volume.width = 1;
+  volume.height = 1;
+  volume.depth = 1;
+  for (int axis = 0; axis < 3; ++axis) {
+    for (const int direction : {0, 1}) {
+      for (const int step : {1, 2}) EXPECT_EQ(Points(1, axis, direction, step), Point(0, 0, 0));
+    }
+  }
+}
+
+TEST_F(VolumeTest, WithoutASliceThereIsNoPointWhateverTheDirectionAndStep) {
+  for (const auto size : {&Volume::width, &Volume::height, &Volume::depth}) {
+    const Volume whole = volume;
+    volume.*size = 0;
+    for (int axis = 0; axis < 3; ++axis) {
+      for (const int direction : {0, 1}) {
+        for (const int step : {1, 2}) EXPECT_EQ(Points(1, axis, direction, step), "");
+      }
+    }
+    volume = whole;
+  }
+}
+
 TEST_F(VolumeTest, SlicesAlongY) {
   std::string ascending;
   for (int y = 0; y < 3; ++y)
@@ -210,7 +234,9 @@ TEST_F(VolumeTest, NearGreyVoxelsVanish) {
   EXPECT_TRUE(isVisible(200, 12, 10, 5));
   EXPECT_FALSE(isVisible(10, 12, 14, 5));
   EXPECT_TRUE(isVisible(10, 15, 15, 5));
+  EXPECT_TRUE(isVisible(10, 10, 15, 5));
   EXPECT_FALSE(isVisible(10, 14, 14, 5));
+  EXPECT_FALSE(isVisible(10, 10, 14, 5));
   EXPECT_TRUE(isVisible(7, 7, 7, 0));
   EXPECT_FALSE(isVisible(7, 7, 7, 1));
   EXPECT_TRUE(isVisible(7, 7, 7, -1));
