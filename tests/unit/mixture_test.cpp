@@ -60,6 +60,17 @@ TEST_F(MixtureTest, EveryPairOfBytesBlendsAsTheFormulaSays) {
   }
 }
 
+// No driver should answer so.
+TEST_F(MixtureTest, ViewportOfNegativeSizeIsNotRead) {
+  Variable renderer = OpenRenderer();
+  for (const auto& [width, height] : std::initializer_list<std::pair<int, int>>{{-1, 2}, {2, -1}}) {
+    SetFrame(width, height, {});
+    TakeLog();
+    EXPECT_FALSE(Mix(renderer, 1, 1, ByteString({1, 2, 3}), 0.5F));
+    EXPECT_EQ(TakeLog().find("glReadPixels"), std::string::npos);
+  }
+}
+
 TEST_F(MixtureTest, QuarterOfTheOldAndThreeOfTheFrame) {
   Variable renderer = OpenRenderer();
   SetFrame(1, 1, {100, 100, 100});
