@@ -1,6 +1,7 @@
 // "PutBitmap" and "Put2bBitmap": pixels and bits at the raster position.
 #include <array>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/unit/fake_bitmap.h"
@@ -96,6 +97,21 @@ TEST_F(RasterBitmapsTest, BitsThatTheStringDoesNotHoldAreZeros) {
   Call(renderer, "Put2bBitmap", 0.0F, 0.0F, 0.0F, 33, 2, Variable());
   EXPECT_EQ(LastImage(), Bytes(13));
   EXPECT_EQ(TakeLog(), drawn);
+}
+
+// A record that does not say where its bytes are, or how many.
+TEST_F(RasterBitmapsTest, StringWithoutMemoryHasNoBits) {
+  Variable renderer = OpenRenderer();
+  Variable bits = ByteString({1, 2, 3, 4});
+  String* record = bits.GetString();
+  unsigned char* const bytes = std::exchange(record->bytes, nullptr);
+  Call(renderer, "Put2bBitmap", 0.0F, 0.0F, 0.0F, 8, 1, bits);
+  EXPECT_EQ(LastImage(), Bytes(1));
+  record->bytes = bytes;
+  record->length = -1;
+  Call(renderer, "Put2bBitmap", 0.0F, 0.0F, 0.0F, 8, 1, bits);
+  EXPECT_EQ(LastImage(), Bytes(1));
+  record->length = 4;
 }
 
 // Whether the call allocates: only for a copy, without which nothing is drawn.
