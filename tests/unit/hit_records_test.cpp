@@ -94,6 +94,14 @@ TEST_F(HitRecordsTest, ARecordMayFillTheBuffer) {
   EXPECT_EQ(static_cast<int>(hits[0][0][508]), 77);
 }
 
+TEST_F(HitRecordsTest, ARecordWithoutNamesMayEndTheBuffer) {
+  Words words(kWords, 0);
+  words[0] = kWords - 6;
+  words[kWords - 2] = 0x80000000;
+  Variable renderer = OpenRenderer();
+  EXPECT_EQ(devhost::TextOf(Hits(renderer, 2, words)[1]), "[[], 1, 0]");
+}
+
 TEST_F(HitRecordsTest, ARecordThatDoesNotFitIsLeftEmptyAndEndsTheBuffer) {
   for (const unsigned count : {kWords - 2, kWords, 0x7FFFFFFFU, 0xFFFFFFFFU}) {
     EXPECT_EQ(Printed(2, {count, 0, 0}), "[nothing, nothing]") << count;

@@ -138,7 +138,7 @@ TEST_F(IndexedMeshesTest, NothingIsDrawnNorReadUnlessOpenAndBound) {
 }
 
 TEST_F(IndexedMeshesTest, RendererItselfDrawsNothingUnlessOpenAndBound) {
-  for (Variable& undrawable : UndrawableRenderers()) {
+  for (const Variable& undrawable : UndrawableRenderers()) {
     NativeOf<TOpenGL>(undrawable)->TrianglesExFB({}, {}, {});
     EXPECT_EQ(TakeLog(), "");
   }

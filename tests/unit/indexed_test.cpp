@@ -167,7 +167,7 @@ TEST_F(IndexedTest, CountsAreCheckedOnAClosedRendererToo) {
 }
 
 TEST_F(IndexedTest, RendererItselfDrawsNothingUnlessOpenAndBound) {
-  for (Variable& undrawable : UndrawableRenderers()) {
+  for (const Variable& undrawable : UndrawableRenderers()) {
     NativeOf<TOpenGL>(undrawable)->TrianglesEx({}, {});
     EXPECT_EQ(TakeLog(), "");
   }

@@ -279,7 +279,7 @@ TEST_F(MaterialTest, MissingComponentIsNotAppliedNorCopied) {
 }
 
 TEST_F(MaterialTest, AssignmentTakesOverThatAComponentIsMissing) {
-  Variable incomplete = MaterialWithout(1);
+  const Variable incomplete = MaterialWithout(1);
   OGLMaterial target(0, 0, 0, 0);
   target = *NativeOf<OGLMaterial>(incomplete);
   target.Apply();

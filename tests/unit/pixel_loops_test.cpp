@@ -126,7 +126,7 @@ TEST(PixelLoops, EveryProcessorDoesTheSame) {
 // Needs every one of these bits of a report, and no other.
 void ExpectNeeds(bool (*reports)(const ProcessorReport&), const ProcessorReport& needed) {
   EXPECT_TRUE(reports(needed));
-  for (unsigned ProcessorReport::* word :
+  for (unsigned ProcessorReport::* const word :
        {&ProcessorReport::leaf1c, &ProcessorReport::leaf7b, &ProcessorReport::savedState}) {
     for (unsigned bit = 1; bit != 0; bit <<= 1) {
       ProcessorReport all = {~0U, ~0U, ~0U};

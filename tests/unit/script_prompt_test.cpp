@@ -17,7 +17,7 @@ class Prompt : public DevhostTest {
   std::string Shown(const std::string& input, devhost::script::FileReader readFile = nullptr) {
     std::FILE* file = std::tmpfile();
     std::fwrite(input.data(), 1, input.size(), file);
-    std::rewind(file);
+    std::fseek(file, 0, SEEK_SET);
     testing::internal::CaptureStdout();
     testing::internal::CaptureStderr();
     succeeded = devhost::script::RunPrompt(file, "Version 1", readFile);
