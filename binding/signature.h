@@ -65,12 +65,12 @@ constexpr bool IsMethodOf(std::string_view signature) {
 template <class T, class... A>
 constexpr bool IsConstructorOf(std::string_view signature) {
   std::string_view list = signature;
-  if (!Consume(list, kScriptClass<T>) || !Consume(list, "::") || !Consume(list, kScriptClass<T>) || !Consume(list, "("))
-    return false;
+  const bool isNamed =
+      Consume(list, kScriptClass<T>) && Consume(list, "::") && Consume(list, kScriptClass<T>) && Consume(list, "(");
   if constexpr (std::is_same_v<void(A...), void(const T&)>) {
-    return list == "copy)";
+    return isNamed && list == "copy)";
   } else {
-    return ListsKinds<A...>(list);
+    return isNamed && ListsKinds<A...>(list);
   }
 }
 

@@ -35,7 +35,7 @@ syntax keyword talqClass TOpenGL OglColor OglMaterial
 syntax keyword talqClass ColorRef MBmp MDC Matrix Mesh POINT3 RECT String Vector
 
 " Functions of the language, and the host's, where they are called.
-let s:functions = 'Assert ErrorName Fail Print Raise TypeOf '
+let s:functions = 'Assert Beside ErrorName Fail Print Raise TypeOf '
       \ .. 'abs acos asin atan atan2 byte ceil cos double exp float floor int int64 log max min pi pow random round '
       \ .. 'seedRandom sin sqrt tan '
       \ .. 'RotationMatrix ScaleMatrix TranslationMatrix '
