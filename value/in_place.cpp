@@ -1,6 +1,7 @@
 // The forms that write into a result: Add to Xor.
 #include "binding/errors.h"
 #include "value/arithmetic.h"
+#include "value/computation.h"
 #include "value/operations.h"
 #include "value/slot.h"
 
@@ -22,7 +23,8 @@ void Compute(Variable& result, const Variable& a, const Variable& b) {
 }
 
 template <class Operation>
-void ComputeSameType(Variable& result, const Variable& a, const Variable& b) {
+void ComputeSameType(Variable& result, const Variable& a, const Variable& b, Computation general) {
+  if (!SameTypeOf(kNumericTypes, a, b)) return general(result, a, b);
   switch (a.type) {
     case TVAR_INT64:
       return Compute<Operation, long long>(result, a, b);
@@ -64,29 +66,11 @@ void DivideIntegers(Variable& result, const Variable& a, const Variable& b) {
 
 }  // namespace
 
-void Add(Variable& result, const Variable& a, const Variable& b) {
-  if (SameTypeOf(kNumericTypes, a, b)) {
-    ComputeSameType<Sum>(result, a, b);
-  } else {
-    __AddNumb(result, a, b);
-  }
-}
-
+void Add(Variable& result, const Variable& a, const Variable& b) { ComputeSameType<Sum>(result, a, b, __AddNumb); }
 void Sub(Variable& result, const Variable& a, const Variable& b) {
-  if (SameTypeOf(kNumericTypes, a, b)) {
-    ComputeSameType<Difference>(result, a, b);
-  } else {
-    __SubNumb(result, a, b);
-  }
+  ComputeSameType<Difference>(result, a, b, __SubNumb);
 }
-
-void Mul(Variable& result, const Variable& a, const Variable& b) {
-  if (SameTypeOf(kNumericTypes, a, b)) {
-    ComputeSameType<Product>(result, a, b);
-  } else {
-    __MulNumb(result, a, b);
-  }
-}
+void Mul(Variable& result, const Variable& a, const Variable& b) { ComputeSameType<Product>(result, a, b, __MulNumb); }
 
 void Div(Variable& result, const Variable& a, const Variable& b) {
   if (SameTypeOf(kIntegerTypes, a, b)) {
