@@ -5,6 +5,7 @@
 #include <new>
 
 #include "classes/gl.h"
+#include "image/padded_row.h"
 #include "image/swap.h"
 #include "render/topengl.h"
 
@@ -15,11 +16,11 @@ constexpr std::size_t kTileBytes = std::size_t{4} * kTileSize * kTileSize;
 
 using ByteBuffer = std::unique_ptr<unsigned char[]>;
 
-// How much OpenGL reads of a mask of one bit a pixel: rows padded to 4 bytes, of the last one only what it needs.
+// How much OpenGL reads of a mask of one bit a pixel: padded rows, of the last one only what it needs.
 std::size_t MaskBytes(int width, int height) {
   if (width <= 0 || height <= 0) return 0;
-  const auto columns = static_cast<std::size_t>(width);
-  return (columns + 31) / 32 * 4 * (static_cast<std::size_t>(height) - 1) + (columns + 7) / 8;
+  const std::size_t rowBytes = (static_cast<std::size_t>(width) + 7) / 8;
+  return PaddedRow(rowBytes) * (static_cast<std::size_t>(height) - 1) + rowBytes;
 }
 
 // A part of the bitmap, at most a tile large.

@@ -7,6 +7,7 @@
 
 #include "classes/gl.h"
 #include "image/blend.h"
+#include "image/padded_row.h"
 #include "image/swap.h"
 #include "render/arithmetic.h"
 #include "render/topengl.h"
@@ -18,10 +19,7 @@ struct Free {
 };
 using Scratch = std::unique_ptr<unsigned char, Free>;
 
-// Bytes of a row as OpenGL writes it: its pack alignment stays at 4.
-std::size_t PaddedRow(std::size_t rowBytes) { return (rowBytes + 3) / 4 * 4; }
-
-// Reads RGB pixels into memory of their own, rows as OpenGL pads them; what it does not write is zero. Null when memory
+// Reads RGB pixels into memory of their own, rows padded; what it does not write is zero. Null when memory
 // is out or a size is negative.
 Scratch ReadPixels(int x, int y, int width, int height) {
   if (width < 0 || height < 0) return nullptr;
