@@ -29,6 +29,16 @@ BitmapData ReadBitmap(VarRegister& result, VarRegister* args, int argc, Processo
   return data;
 }
 
+// The part of the frame that a script asks for.
+struct FramePart {
+  float x;
+  float y;
+  int width;
+  int height;
+};
+
+FramePart ReadFramePart(VarRegister* args) { return {args[0], args[1], args[2], args[3]}; }
+
 std::span<unsigned char> BytesOf(const String* string) {
   if (!string || !string->bytes || string->length < 0) return {};
   return {string->bytes, static_cast<std::size_t>(string->length)};
@@ -76,28 +86,23 @@ void Put2bBitmap(VarRegister& /*result*/, VarRegister* args, int argc, Processor
 void GetDIBits(VarRegister& result, VarRegister* args, int argc, Processor* /*processor*/) {
   const TOpenGL* self = Self<TOpenGL>(args, argc);
   if (!self) return;
-  const float x = args[0];
-  const float y = args[1];
-  const int width = args[2];
-  const int height = args[3];
+  const FramePart part = ReadFramePart(args);
   if (!self->CanDraw()) return;
   Variable& bytes = result;
-  bytes.Init(TVAR_BYTES, WrappingProduct(WrappingProduct(width, height), 3));
+  bytes.Init(TVAR_BYTES, WrappingProduct(WrappingProduct(part.width, part.height), 3));
   unsigned char* pixels = bytes;
-  if (pixels) self->GetDIBits(x, y, width, height, pixels);
+  if (pixels) self->GetDIBits(part.x, part.y, part.width, part.height, pixels);
 }
 
 void GetDIBitsMixture(VarRegister& result, VarRegister* args, int argc, Processor* /*processor*/) {
   const TOpenGL* self = Self<TOpenGL>(args, argc);
   if (!self) return;
-  const float x = args[0];
-  const float y = args[1];
-  const int width = args[2];
-  const int height = args[3];
+  const FramePart part = ReadFramePart(args);
   const std::span<unsigned char> pixels = BytesOf(args[4].GetVar().GetString());
   const float factor = args[5];
   if (pixels.data()) {
-    result.SetBool(self->GetDIBitsMixture(x, y, width, height, pixels, factor) ? 1 : 0);
+    const bool isMixed = self->GetDIBitsMixture(part.x, part.y, part.width, part.height, pixels, factor);
+    result.SetBool(isMixed ? 1 : 0);
   } else {
     // Required: the error names the renderer.
     TalqError(kNoNativeObject, ClassText<TOpenGL>());
