@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "devhost/classes/tables.h"
+#include "devhost/frame_bitmap.h"
 #include "devhost/text.h"
 
 namespace devhost {
@@ -53,23 +54,10 @@ void RegisterWindowClass() {
   RegisterClassA(&description);  // fails harmlessly when it is registered already
 }
 
-// 32 bits a pixel and the lowest row first, as OpenGL counts rows.
-BITMAPINFO BitmapDescription(int width, int height) {
-  BITMAPINFO info{};
-  info.bmiHeader.biSize = sizeof info.bmiHeader;
-  info.bmiHeader.biWidth = width;
-  info.bmiHeader.biHeight = height;
-  info.bmiHeader.biPlanes = 1;
-  info.bmiHeader.biBitCount = 32;
-  info.bmiHeader.biCompression = BI_RGB;
-  return info;
-}
-
 bool Device::OpenBitmap(int newWidth, int newHeight) {
-  const BITMAPINFO info = BitmapDescription(newWidth, newHeight);
   void* memory = nullptr;
   dc = CreateCompatibleDC(nullptr);
-  bitmap = CreateDIBSection(dc, &info, DIB_RGB_COLORS, &memory, nullptr, 0);
+  bitmap = CreateFrameBitmap(dc, newWidth, newHeight, memory);
   if (!dc || !bitmap) {
     Close();
     return false;

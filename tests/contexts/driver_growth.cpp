@@ -8,6 +8,8 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "devhost/frame_bitmap.h"
+
 namespace {
 
 constexpr int kWarmUp = 200;
@@ -19,15 +21,9 @@ long long PrivateBytes() {
 }
 
 HDC NewBitmapDevice() {
-  BITMAPINFO info{};
-  info.bmiHeader.biSize = sizeof info.bmiHeader;
-  info.bmiHeader.biWidth = 16;
-  info.bmiHeader.biHeight = 16;
-  info.bmiHeader.biPlanes = 1;
-  info.bmiHeader.biBitCount = 32;
   HDC device = CreateCompatibleDC(nullptr);
   void* bits = nullptr;
-  SelectObject(device, CreateDIBSection(device, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
+  SelectObject(device, CreateFrameBitmap(device, 16, 16, bits));
   return device;
 }
 

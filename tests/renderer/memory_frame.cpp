@@ -4,17 +4,12 @@
 
 #include <cstdio>
 
+#include "devhost/frame_bitmap.h"
+
 MemoryFrame::MemoryFrame(int width, int height)
     : width(width), height(height), device(CreateCompatibleDC(nullptr)), bitmap(nullptr) {
-  BITMAPINFO info{};
-  info.bmiHeader.biSize = sizeof info.bmiHeader;
-  info.bmiHeader.biWidth = width;
-  info.bmiHeader.biHeight = height;
-  info.bmiHeader.biPlanes = 1;
-  info.bmiHeader.biBitCount = 32;
-  info.bmiHeader.biCompression = BI_RGB;
   void* bits = nullptr;
-  bitmap = CreateDIBSection(device, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
+  bitmap = CreateFrameBitmap(device, width, height, bits);
   SelectObject(device, bitmap);
 }
 
