@@ -2,11 +2,11 @@
 
 #include <windows.h>
 
-#include <cstdint>
 #include <cstring>
 #include <string_view>
 #include <vector>
 
+#include "devhost/imports.h"
 #include "host/talq.h"
 #include "module/exports.h"
 #include "tests/renderer/memory_frame.h"
@@ -22,36 +22,23 @@ long long CountCall() {
   return 1;
 }
 
-// A word of this program's import table, and what stood there.
-struct Import {
-  std::uintptr_t* slot;
-  std::uintptr_t original;
-};
-
-template <class T>
-T* At(std::uintptr_t offset) {
-  return reinterpret_cast<T*>(reinterpret_cast<std::uintptr_t>(GetModuleHandleA(nullptr)) + offset);
-}
-
 // Functions of OpenGL itself, but for those whose answer is needed.
 bool IsReplaced(std::string_view name) {
   return name.starts_with("gl") && !name.starts_with("glu") && name != "glGetIntegerv";
 }
 
-std::vector<Import> FindImports() {
-  std::vector<Import> imports;
-  const auto* dos = At<IMAGE_DOS_HEADER>(0);
-  const auto* headers = At<IMAGE_NT_HEADERS64>(static_cast<std::uintptr_t>(dos->e_lfanew));
-  const auto& directory = headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
-  for (const auto* library = At<IMAGE_IMPORT_DESCRIPTOR>(directory.VirtualAddress); library->Name; ++library) {
-    const auto* names = At<std::uintptr_t>(library->OriginalFirstThunk);
-    auto* slots = At<std::uintptr_t>(library->FirstThunk);
-    for (; *names; ++names, ++slots) {
-      if (*names >> 63) continue;  // by ordinal
-      if (IsReplaced(At<IMAGE_IMPORT_BY_NAME>(*names)->Name)) imports.push_back({slots, *slots});
-    }
+// An import, and the function that it found.
+struct OpenGlFunction {
+  devhost::Import import;
+  void* original;
+};
+
+std::vector<OpenGlFunction> ReplacedFunctions() {
+  std::vector<OpenGlFunction> functions;
+  for (const devhost::Import& import : devhost::ImportsOf(GetModuleHandleA(nullptr))) {
+    if (IsReplaced(import.function)) functions.push_back({import, *import.address});
   }
-  return imports;
+  return functions;
 }
 
 void LoadAndFree(const char* library, bool hasRows) {
@@ -95,12 +82,9 @@ bool OpenFrame(TOpenGL& renderer, int width, int height, bool onWindow) {
 bool HasOpenGL() { return true; }
 
 void UseStubs(bool on) {
-  static const std::vector<Import> imports = FindImports();
-  for (const Import& import : imports) {
-    DWORD access = 0;
-    VirtualProtect(import.slot, sizeof *import.slot, PAGE_READWRITE, &access);
-    *import.slot = on ? reinterpret_cast<std::uintptr_t>(&CountCall) : import.original;
-    VirtualProtect(import.slot, sizeof *import.slot, access, &access);
+  static const std::vector<OpenGlFunction> functions = ReplacedFunctions();
+  for (const OpenGlFunction& function : functions) {
+    devhost::Redirect(function.import, on ? reinterpret_cast<void*>(&CountCall) : function.original);
   }
 }
 
