@@ -14,19 +14,6 @@ namespace {
 
 constexpr std::size_t kMaxNumbers = INT_MAX / 4;  // numbers and corners are counted by int
 
-bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r'; }
-
-// Takes the next blank-separated word off the line; empty at its end.
-std::string_view TakeWord(std::string_view& line) {
-  std::size_t begin = 0;
-  while (begin < line.size() && IsBlank(line[begin])) ++begin;
-  std::size_t end = begin;
-  while (end < line.size() && !IsBlank(line[end])) ++end;
-  const std::string_view word = line.substr(begin, end - begin);
-  line.remove_prefix(end);
-  return word;
-}
-
 bool ParseFloat(std::string_view word, float& value) {
   char text[64];
   if (word.empty() || word.size() >= sizeof text) return false;

@@ -1,7 +1,4 @@
 // Values in words and as text.
-#include <cstdio>
-#include <cstdlib>
-
 #include "devhost/classes.h"
 #include "devhost/payload.h"
 #include "devhost/runtime.h"
@@ -11,16 +8,6 @@ namespace devhost {
 namespace {
 
 constexpr int kMaxDepth = 16;  // an array may contain itself
-
-template <class Number>
-std::string ShortestTextOf(Number number) {
-  char text[40];
-  for (int digits = 6; digits <= 17; ++digits) {
-    std::snprintf(text, sizeof text, "%.*g", digits, static_cast<double>(number));
-    if (static_cast<Number>(std::strtod(text, nullptr)) == number) break;
-  }
-  return text;
-}
 
 std::string TextAtDepth(const Variable& value, int depth);
 
@@ -95,15 +82,6 @@ std::string KindOf(const Variable& value) {
   if (value.type == kReferenceType) return KindOf(*static_cast<const Variable*>(value.slot.pointer));
   return "nothing";
 }
-
-std::string Decimal(long long number) {
-  char text[24];
-  std::snprintf(text, sizeof text, "%lld", number);
-  return text;
-}
-
-std::string ShortestText(float number) { return ShortestTextOf(number); }
-std::string ShortestText(double number) { return ShortestTextOf(number); }
 
 std::string TextOf(const Variable& value) { return TextAtDepth(value, 0); }
 

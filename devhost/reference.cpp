@@ -1,10 +1,13 @@
 #include "devhost/reference.h"
 
+#include "devhost/text.h"
+
 namespace devhost {
 namespace {
 
 constexpr std::string_view kFence = "```\n";
 constexpr std::string_view kFenceEnd = "\n```";
+constexpr std::string_view kBlanks = " \r\n";
 
 // Cuts the first line off, with its end.
 std::string_view TakeLine(std::string_view& text) {
@@ -12,12 +15,6 @@ std::string_view TakeLine(std::string_view& text) {
   const std::string_view line = text.substr(0, end == text.npos ? text.size() : end + 1);
   text.remove_prefix(line.size());
   return line;
-}
-
-std::string_view Trimmed(std::string_view text) {
-  constexpr std::string_view kBlanks = " \r\n";
-  const std::size_t first = text.find_first_not_of(kBlanks);
-  return first == text.npos ? text.substr(0, 0) : text.substr(first, text.find_last_not_of(kBlanks) + 1 - first);
 }
 
 // Where the next heading's line begins, or the end.
@@ -30,8 +27,8 @@ std::size_t FindHeading(std::string_view text) {
 std::vector<ReferenceForm> FormsIn(std::string_view block) {
   std::vector<ReferenceForm> forms;
   while (!block.empty()) {
-    const std::string_view call = Trimmed(TakeLine(block));
-    forms.push_back({call, Trimmed(TakeLine(block))});
+    const std::string_view call = Trimmed(TakeLine(block), kBlanks);
+    forms.push_back({call, Trimmed(TakeLine(block), kBlanks)});
   }
   return forms;
 }
@@ -40,14 +37,14 @@ ReferenceEntry MakeEntry(std::string_view name, std::string_view group, std::str
   ReferenceEntry entry;
   entry.name = name;
   entry.group = group;
-  body = Trimmed(body);
+  body = Trimmed(body, kBlanks);
   const std::size_t blockEnd = body.find(kFenceEnd, kFence.size());
   if (body.starts_with(kFence) && blockEnd != body.npos) {
     entry.block = body.substr(kFence.size(), blockEnd - kFence.size());
     entry.forms = FormsIn(entry.block);
     body.remove_prefix(blockEnd + kFenceEnd.size());
   }
-  entry.text = Trimmed(body);
+  entry.text = Trimmed(body, kBlanks);
   return entry;
 }
 
@@ -57,7 +54,7 @@ std::vector<ReferenceEntry> ParseReference(std::string_view document) {
   std::vector<ReferenceEntry> entries;
   std::string_view group;
   for (document.remove_prefix(FindHeading(document)); !document.empty();) {
-    const std::string_view heading = Trimmed(TakeLine(document));
+    const std::string_view heading = Trimmed(TakeLine(document), kBlanks);
     const std::string_view body = document.substr(0, FindHeading(document));
     document.remove_prefix(body.size());
     if (heading.starts_with("## ")) group = heading.substr(3);

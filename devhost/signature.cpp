@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "devhost/text.h"
+
 namespace devhost {
 namespace {
 
@@ -17,12 +19,6 @@ bool IsLetterOrDigit(char c) { return IsLetter(c) || (c >= '0' && c <= '9'); }
 
 bool IsIdentifier(std::string_view text) {
   return !text.empty() && IsLetter(text.front()) && std::all_of(text.begin(), text.end(), IsLetterOrDigit);
-}
-
-std::string_view Trimmed(std::string_view text) {
-  while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
-  while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
-  return text;
 }
 
 std::string Quoted(std::string_view text) { return "\"" + std::string(text) + "\""; }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace devhost {
 
@@ -11,5 +12,11 @@ std::string Decimal(long long number);
 // The shortest decimal text that reads back as the same number.
 std::string ShortestText(float number);
 std::string ShortestText(double number);
+
+// Without the blanks at both ends.
+std::string_view Trimmed(std::string_view text, std::string_view blanks = " ");
+
+// Cuts the first word off, with the blanks before it; empty when none is left. Blanks are spaces, tabs and line ends.
+std::string_view TakeWord(std::string_view& text);
 
 }  // namespace devhost

@@ -4,6 +4,11 @@
 
 namespace devhost::script {
 
+void Print(std::string_view text) {
+  std::fwrite(text.data(), 1, text.size(), stdout);
+  std::fflush(stdout);
+}
+
 bool Complain(const std::string& message) {
   std::fflush(stdout);
   std::fwrite(message.data(), 1, message.size(), stderr);

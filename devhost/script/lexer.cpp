@@ -247,4 +247,8 @@ Token Lexer::Bad(std::size_t offset, std::string message) const {
   return token;
 }
 
+bool IsOpenComment(const Token& token, std::string_view text) {
+  return token.kind == TokenKind::Bad && text.substr(token.offset).starts_with("/*");
+}
+
 }  // namespace devhost::script

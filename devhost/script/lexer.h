@@ -30,4 +30,7 @@ class Lexer {
   std::size_t at = 0;
 };
 
+// Whether a token of that text is a comment that nothing closes.
+bool IsOpenComment(const Token& token, std::string_view text);
+
 }  // namespace devhost::script

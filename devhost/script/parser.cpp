@@ -69,9 +69,8 @@ bool Parser::ExpectName(std::string& name, std::string_view what) {
 bool Parser::Fail(std::size_t offset, std::string message) {
   if (!compilation.failed) {
     compilation.failed = true;
-    const bool isOpenComment =
-        token.kind == TokenKind::Bad && std::string_view(source.text).substr(token.offset).starts_with("/*");
-    compilation.error = {Locate({&source, offset}), std::move(message), token.kind == TokenKind::End || isOpenComment};
+    const bool atEnd = token.kind == TokenKind::End || IsOpenComment(token, source.text);
+    compilation.error = {Locate({&source, offset}), std::move(message), atEnd};
   }
   return false;
 }

@@ -54,8 +54,7 @@ int ShowHelp(const std::string& topic) {
     Complain("talq: " + message + "\n");
     return 2;
   }
-  std::fwrite(text.data(), 1, text.size(), stdout);
-  std::fflush(stdout);
+  Print(text);
   return 0;
 }
 
@@ -76,8 +75,7 @@ bool RunCommand(const CommandLine& commandLine) {
     if (module == nullptr) return Complain("talq: " + PendingError()->text + "\n");
   }
   if (module != nullptr && commandLine.action == CommandLine::Action::List) {
-    const std::string list = DescribeModule(*module);
-    std::fwrite(list.data(), 1, list.size(), stdout);
+    Print(DescribeModule(*module));
     return true;
   }
   if (commandLine.action == CommandLine::Action::Interact) {

@@ -1,6 +1,5 @@
 #include "devhost/script/prompt.h"
 
-#include <algorithm>
 #include <string_view>
 
 #include "devhost/reference.h"
@@ -9,6 +8,7 @@
 #include "devhost/script/lexer.h"
 #include "devhost/script/script.h"
 #include "devhost/script/trace.h"
+#include "devhost/text.h"
 
 namespace devhost::script {
 namespace {
@@ -20,11 +20,6 @@ constexpr const char* kHelp =
     "  help NAME  show the reference's entry, as of TOpenGL::Sphere or Sphere; the methods of a class\n"
     "  exit       leave\n";
 
-void Print(std::string_view text) {
-  std::fwrite(text.data(), 1, text.size(), stdout);
-  std::fflush(stdout);
-}
-
 // A line without its end; false at the end of the input.
 bool ReadLine(std::FILE* input, std::string& line) {
   line.clear();
@@ -33,15 +28,6 @@ bool ReadLine(std::FILE* input, std::string& line) {
   for (; c != EOF && c != '\n'; c = std::fgetc(input)) line += static_cast<char>(c);
   if (line.ends_with('\r')) line.pop_back();
   return true;
-}
-
-// Cuts the next word off.
-std::string_view TakeWord(std::string_view& text) {
-  constexpr std::string_view kBlanks = " \t\n";
-  text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
-  const std::string_view word = text.substr(0, text.find_first_of(kBlanks));
-  text.remove_prefix(word.size());
-  return word;
 }
 
 bool OpensBracket(TokenKind kind) {
@@ -57,7 +43,7 @@ bool IsOpen(std::string_view text) {
   int level = 0;
   Lexer lexer(text);
   for (Token token = lexer.Next(); token.kind != TokenKind::End; token = lexer.Next()) {
-    if (token.kind == TokenKind::Bad) return text.substr(token.offset).starts_with("/*");
+    if (token.kind == TokenKind::Bad) return IsOpenComment(token, text);
     if (OpensBracket(token.kind)) ++level;
     if (ClosesBracket(token.kind)) --level;
   }
