@@ -41,11 +41,11 @@ step() {
   return 1
 }
 
-# Configures (once) and builds a CMake preset.
+# build_preset PRESET [TARGET...]: configures (once) and builds a CMake preset, or these targets of it.
 build_preset() {
   local preset=$1
   [[ -f $build/$preset/build.ninja ]] || cmake --preset "$preset" -S "$root" || return 1
-  cmake --build "$build/$preset"
+  cmake --build "$build/$preset" ${2:+--target "${@:2}"}
 }
 
 # Builds a preset for Windows and lays GLU beside its program.
