@@ -87,6 +87,8 @@ TEST_F(ByValueTest, BytesFloatsAndDoublesAreDivided) {
   EXPECT_TRUE(Holds(Variable(6.0F) / Variable(3.0F), 2.0F));
   EXPECT_TRUE(Holds(Variable(1.0F) / Variable(3.0F), 1.0F / 3.0F));
   EXPECT_TRUE(Holds(Variable(1.0) / Variable(3.0), 1.0 / 3.0));
+  EXPECT_TRUE(Holds(Variable(0.0F) / Variable(-1.0F), -0.0F));
+  EXPECT_TRUE(Holds(Variable(0.0) / Variable(-1.0), -0.0));
   EXPECT_TRUE(std::isnan((Variable(1.0) / Variable(std::nan(""))).slot.float64));
 }
 

@@ -21,10 +21,10 @@ std::string LightLine(GLenum parameter, const Floats& values) {
 }
 
 TEST_F(LightTest, ColorsAreSharesOfTheBaseColorWithItsAlpha) {
-  const OGLLightSet lights(1.0F, 0.5F, -3.0F, 0.25F);
-  EXPECT_EQ(Components(lights.GetAmbient()), Floats({0.2F, 0.2F * 0.5F, 0.2F * -3.0F, 0.25F}));
-  EXPECT_EQ(Components(lights.GetDiffuse()), Floats({0.8F, 0.8F * 0.5F, 0.8F * -3.0F, 0.25F}));
-  EXPECT_EQ(Components(lights.GetSpecular()), Floats({1.0F, 0.5F, -3.0F, 0.25F}));
+  const OGLLightSet lights(4.0F, 0.5F, -3.0F, 0.25F);
+  EXPECT_EQ(Components(lights.GetAmbient()), Floats({0.2F * 4.0F, 0.2F * 0.5F, 0.2F * -3.0F, 0.25F}));
+  EXPECT_EQ(Components(lights.GetDiffuse()), Floats({0.8F * 4.0F, 0.8F * 0.5F, 0.8F * -3.0F, 0.25F}));
+  EXPECT_EQ(Components(lights.GetSpecular()), Floats({4.0F, 0.5F, -3.0F, 0.25F}));
 }
 
 TEST_F(LightTest, DefaultsOfPositionCutoffAndSides) {

@@ -182,6 +182,9 @@ TEST_F(ViewTest, PointsRectanglesAndFrustaAsValues) {
   point.Set(0, 0, -2, 5);
   point.Normalize();
   EXPECT_EQ(Floats({point.x, point.y, point.z, point.w}), Floats({0, 0, -1, 1}));
+  point.Set(0, 0, 0, 5);
+  point.Normalize();
+  EXPECT_EQ(Floats({point.x, point.y, point.z, point.w}), Floats({1, 0, 0, 1}));
   const OGLRect empty;
   EXPECT_EQ(Floats({empty.left, empty.right, empty.top, empty.bottom}), Floats({0, 0, 0, 0}));
   const OGLRect rect(1, 2, 4, 8);
