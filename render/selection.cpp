@@ -10,6 +10,7 @@ void TOpenGL::PopName() const { glPopName(); }
 void TOpenGL::LoadName(int name) const { glLoadName(static_cast<GLuint>(name)); }
 
 void TOpenGL::BeginSelection(int x, int y, int width, int height) {
+  EnterSelection();
   glSelectBuffer(static_cast<GLsizei>(selectBuffer.size()), selectBuffer.data());
   glRenderMode(GL_SELECT);
   GLint current[4] = {};
@@ -36,5 +37,7 @@ std::optional<int> TOpenGL::EndSelection() {
   glPopMatrix();
   glMatrixMode(GL_MODELVIEW);
   glFlush();
-  return glRenderMode(GL_RENDER);
+  const int hits = glRenderMode(GL_RENDER);
+  ExitSelection();
+  return hits;
 }

@@ -5,7 +5,7 @@
 #include "classes/gl.h"
 
 struct RendererLayout {
-  static_assert(sizeof(TOpenGL) == 2400);
+  static_assert(sizeof(TOpenGL) == 2416);
   static_assert(offsetof(TOpenGL, doubleBuffer) == 24 && offsetof(TOpenGL, clearColor) == 40);
   static_assert(offsetof(TOpenGL, viewerEye) == 80 && offsetof(TOpenGL, viewerUp) == 112);
   static_assert(offsetof(TOpenGL, lights) == 128 && offsetof(TOpenGL, fog) == 176);
@@ -20,7 +20,6 @@ struct RendererLayout {
 TOpenGL::TOpenGL() = default;
 
 TOpenGL::~TOpenGL() {
-  // A selection still running, possibly in another renderer's context, would write into memory that is gone.
-  if (nameDepth != 0) glRenderMode(GL_RENDER);
   if (renderContext) Close();
+  LeaveSelection();
 }

@@ -94,6 +94,7 @@ constexpr ConstantName kEnums[] = {
     NAMED(GL_RENDER),
     NAMED(GL_FEEDBACK),
     NAMED(GL_SELECT),
+    NAMED(GL_SELECTION_BUFFER_POINTER),
     NAMED(GL_FLAT),
     NAMED(GL_SMOOTH),
     NAMED(GL_VENDOR),

@@ -73,6 +73,7 @@ constexpr Row kTable[] = {
     ROW(glDeleteLists, void(Number, Number)),
     ROW(glSelectBuffer, void(Number, Memory)),
     ROW(glRenderMode, Number(Constant)),
+    ROW(glGetPointerv, void(Constant, Memory)),
     ROW(glInitNames, void()),
     ROW(glPushName, void(Number)),
     ROW(glPopName, void()),

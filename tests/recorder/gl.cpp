@@ -130,10 +130,6 @@ void glCallLists(GLsizei count, GLenum type, const GLvoid* lists) {
          std::span(static_cast<const GLint*>(lists), static_cast<std::size_t>(count)));
 }
 void glDeleteLists(GLuint list, GLsizei count) { Record("glDeleteLists", list, count); }
-void glInitNames() { Record("glInitNames"); }
-void glPushName(GLuint name) { Record("glPushName", name); }
-void glPopName() { Record("glPopName"); }
-void glLoadName(GLuint name) { Record("glLoadName", name); }
 
 // ---- Textures
 

@@ -7,6 +7,7 @@ using gl_trace::Enum;
 using recorder::Get;
 using recorder::Record;
 using recorder::Recorder;
+using recorder::Selection;
 
 namespace {
 
@@ -21,6 +22,12 @@ void AttachImage(recorder::Call& call, const GLvoid* image, std::size_t size) {
 std::size_t RgbSize(GLsizei width, GLsizei height) {
   return width < 0 || height < 0 ? 0
                                  : std::size_t{3} * static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
+}
+
+// A driver may write hits whenever the names change.
+void WriteHits() {
+  const Selection* selection = Get().CurrentSelection();
+  if (selection && selection->isOn) selection->buffer.back() = 0;
 }
 
 }  // namespace
@@ -60,17 +67,42 @@ GLuint glGenLists(GLsizei count) {
 
 void glSelectBuffer(GLsizei size, GLuint* buffer) {
   Record("glSelectBuffer", size);
-  Get().selectBuffer = buffer;
+  if (Selection* selection = Get().CurrentSelection()) selection->buffer = {buffer, static_cast<std::size_t>(size)};
 }
 
 GLint glRenderMode(GLenum mode) {
   Record("glRenderMode", Enum{mode});
   Recorder& recorder = Get();
-  const bool wasSelecting = recorder.selecting;
-  recorder.selecting = mode == GL_SELECT;
-  if (!wasSelecting) return 0;
-  std::copy(recorder.answers.hitRecords.begin(), recorder.answers.hitRecords.end(), recorder.selectBuffer);
+  Selection* selection = recorder.CurrentSelection();
+  if (!selection) return 0;
+  const bool wasOn = selection->isOn;
+  selection->isOn = mode == GL_SELECT;
+  if (!wasOn) return 0;
+  std::copy(recorder.answers.hitRecords.begin(), recorder.answers.hitRecords.end(), selection->buffer.begin());
   return recorder.answers.hits;
+}
+
+void glGetPointerv(GLenum name, GLvoid** value) {
+  Record("glGetPointerv", Enum{name});
+  const Selection* selection = Get().CurrentSelection();
+  if (name == GL_SELECTION_BUFFER_POINTER && selection) *value = selection->buffer.data();
+}
+
+void glInitNames() {
+  Record("glInitNames");
+  WriteHits();
+}
+void glPushName(GLuint name) {
+  Record("glPushName", name);
+  WriteHits();
+}
+void glPopName() {
+  Record("glPopName");
+  WriteHits();
+}
+void glLoadName(GLuint name) {
+  Record("glLoadName", name);
+  WriteHits();
 }
 
 // ---- Images

@@ -38,7 +38,7 @@ struct Answers {
   // What GL_VIEWPORT and, one a read, GL_MODELVIEW_MATRIX are; without an answer the caller's buffer stays as it was.
   std::optional<std::array<GLint, 4>> viewport;
   std::deque<std::array<GLdouble, 16>> modelViews;
-  // The pixels of the next glReadPixels, three bytes each, rows without gaps; zeros where it ends.
+  // The pixels of every glReadPixels, three bytes each, rows without gaps; zeros where it ends.
   std::vector<unsigned char> frame;
   // What selection mode leaves: the hit count and the words of the buffer.
   GLint hits = 0;
@@ -64,6 +64,12 @@ struct Balance {
   std::vector<std::string> Problems() const;
 };
 
+// Selection mode, which every context has of its own.
+struct Selection {
+  bool isOn = false;
+  std::span<GLuint> buffer;
+};
+
 // What was noted, what is answered, and the little state that the stand-ins keep.
 struct Recorder {
   std::vector<Call> calls;
@@ -71,10 +77,13 @@ struct Recorder {
   Balance balance;
   HDC currentDevice = nullptr;
   HGLRC currentContext = nullptr;
-  GLuint* selectBuffer = nullptr;
-  bool selecting = false;
+  std::map<HGLRC, Selection> selections;
+  std::set<HGLRC> deletedContexts;
   _GLUfuncptr nurbsErrorCallback = nullptr;
   int objectsMade = 0;  // contexts, quadrics and NURBS renderers
+
+  // Null without a context, when OpenGL does nothing.
+  Selection* CurrentSelection() { return currentContext ? &selections[currentContext] : nullptr; }
 
   // A fresh non-null handle.
   template <class Handle>

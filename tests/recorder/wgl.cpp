@@ -44,12 +44,14 @@ HGLRC wglCreateContext(HDC device) {
 BOOL wglDeleteContext(HGLRC context) {
   Record("wglDeleteContext", context);
   if (Get().balance.contexts.erase(context) == 0) Get().balance.faults.emplace_back("deleted a context not its own");
+  Get().deletedContexts.insert(context);
+  Get().selections.erase(context);
   return TRUE;
 }
 
 BOOL wglMakeCurrent(HDC device, HGLRC context) {
   Record("wglMakeCurrent", device, context);
-  if (!Get().answers.makesCurrent) return FALSE;
+  if (!Get().answers.makesCurrent || Get().deletedContexts.contains(context)) return FALSE;
   Get().currentDevice = device;
   Get().currentContext = context;
   return TRUE;

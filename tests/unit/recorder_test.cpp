@@ -75,11 +75,14 @@ TEST_F(RecorderTest, SelectionAnswersOncePerSelectMode) {
   recorder::Get().answers.hits = 1;
   recorder::Get().answers.hitRecords = {1, 10, 20, 7};
   GLuint buffer[8] = {};
+  HGLRC const context = wglCreateContext(nullptr);
+  wglMakeCurrent(nullptr, context);
   glSelectBuffer(8, buffer);
   glRenderMode(GL_SELECT);
   EXPECT_EQ(glRenderMode(GL_RENDER), 1);
   EXPECT_EQ(buffer[3], 7U);
   EXPECT_EQ(glRenderMode(GL_RENDER), 0);
+  wglDeleteContext(context);
 }
 
 }  // namespace

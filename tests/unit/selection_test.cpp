@@ -29,7 +29,7 @@ std::string PickMatrix(int bottom, int x, int y, int width, int height) {
 
 std::string Ending() {
   return Lines({"glMatrixMode(GL_PROJECTION)", "glPopMatrix()", "glMatrixMode(GL_MODELVIEW)", "glFlush()",
-                "glRenderMode(GL_RENDER)"});
+                "glRenderMode(GL_RENDER)", "wglGetCurrentContext()"});
 }
 
 TEST_F(SelectionTest, NamesGoToOpenGLOpenOrNot) {
@@ -48,10 +48,10 @@ TEST_F(SelectionTest, BeginMultipliesThePickMatrixByTheFrustum) {
   TakeLog();
   recorder::Get().answers.viewport = {5, 6, 640, 480};
   Call(renderer, "BeginSelection", 100, 50, 4, 6);
-  EXPECT_EQ(TakeLog(), Lines({"glSelectBuffer(512)", "glRenderMode(GL_SELECT)", "glGetIntegerv(GL_VIEWPORT)",
-                              "glMatrixMode(GL_PROJECTION)", "glPushMatrix()", "glLoadIdentity()",
-                              "gluPickMatrix(98, 427, 4, 6, {5, 6, 640, 480})", "glFrustum(-1, 1.5, -2, 2.5, 1, 10)",
-                              "glMatrixMode(GL_MODELVIEW)"}));
+  EXPECT_EQ(TakeLog(), Lines({"wglGetCurrentContext()", "wglGetCurrentDC()", "glSelectBuffer(512)",
+                              "glRenderMode(GL_SELECT)", "glGetIntegerv(GL_VIEWPORT)", "glMatrixMode(GL_PROJECTION)",
+                              "glPushMatrix()", "glLoadIdentity()", "gluPickMatrix(98, 427, 4, 6, {5, 6, 640, 480})",
+                              "glFrustum(-1, 1.5, -2, 2.5, 1, 10)", "glMatrixMode(GL_MODELVIEW)"}));
   Call(renderer, "EndSelection");
   EXPECT_EQ(TakeLog(), Ending());
 }
@@ -78,7 +78,7 @@ TEST_F(SelectionTest, BeginTestsForNoContext) {
   Variable renderer = NewRenderer();
   Call(renderer, "BeginSelection", 10, 20, 2, 2);
   const std::string log = TakeLog();
-  EXPECT_TRUE(log.starts_with("glSelectBuffer(512)\n")) << log;
+  EXPECT_TRUE(log.starts_with("wglGetCurrentContext()\nwglGetCurrentDC()\nglSelectBuffer(512)\n")) << log;
   EXPECT_NE(log.find("gluPickMatrix(9, -21, 2, 2, {0, 0, 0, 0})\nglFrustum(-200, 200, 200, -200, -200, 200)\n"),
             std::string::npos)
       << log;
@@ -94,9 +94,8 @@ TEST_F(SelectionTest, TheBufferLiesInTheRendererAndStaysThere) {
   const auto* buffer = reinterpret_cast<const unsigned char*>(native->GetSelectBuffer().data());
   EXPECT_TRUE(buffer > start && buffer + sizeof(unsigned[512]) <= start + sizeof(TOpenGL));
   for (int pick = 0; pick < 2; ++pick) {
-    recorder::Get().selectBuffer = nullptr;
     Call(renderer, "BeginSelection", 0, 0, 1, 1);
-    EXPECT_EQ(recorder::Get().selectBuffer, native->GetSelectBuffer().data());
+    EXPECT_EQ(recorder::Get().CurrentSelection()->buffer.data(), native->GetSelectBuffer().data());
     Call(renderer, "EndSelection");
     Call(renderer, "Close");
     Call(renderer, "Open", NewObject("MDC"));
@@ -168,13 +167,99 @@ TEST_F(SelectionTest, WithoutANativeObjectNothingButTheErrorHappens) {
   }
 }
 
+// A renderer that is not open selects in the context that is current, another renderer's.
 TEST_F(SelectionTest, ARendererThatGoesWhileSelectingTakesItsBufferFromOpenGL) {
+  Variable open = OpenRenderer();
   Variable renderer = NewRenderer();
   Call(renderer, "BeginSelection", 1, 1, 4, 4);
   TakeLog();
   Call(renderer, "~TOpenGL");
-  EXPECT_EQ(TakeLog(), "glRenderMode(GL_RENDER)\n");
-  EXPECT_FALSE(recorder::Get().selecting);
+  EXPECT_EQ(TakeLog(), Lines({"wglGetCurrentDC()", "wglGetCurrentContext()",
+                              "glGetPointerv(GL_SELECTION_BUFFER_POINTER)", "glRenderMode(GL_RENDER)"}));
+  EXPECT_FALSE(recorder::Get().CurrentSelection()->isOn);
+  Call(open, "PopName");  // would write into the buffer
+  TakeLog();
+  recorder::Get().balance.matrixDepth.clear();
+}
+
+TEST_F(SelectionTest, ItTakesItsBufferFromAContextThatIsNoLongerCurrentToo) {
+  Variable open = OpenRenderer();
+  Variable renderer = NewRenderer();
+  Call(renderer, "BeginSelection", 1, 1, 4, 4);
+  Call(open, "FreeMDC");
+  Call(renderer, "~TOpenGL");
+  EXPECT_EQ(recorder::Get().currentContext, nullptr);
+  Call(open, "BindMDC", NewObject("MDC"));
+  EXPECT_FALSE(recorder::Get().CurrentSelection()->isOn);
+  Call(open, "PopName");
+  TakeLog();
+  recorder::Get().balance.matrixDepth.clear();
+}
+
+TEST_F(SelectionTest, AnEndInAnotherContextEndsTheSelectionWhereItBegan) {
+  const Variable first = OpenRenderer();
+  Variable second = OpenRenderer();
+  Variable renderer = NewRenderer();
+  const HGLRC context = recorder::Get().currentContext;
+  Call(renderer, "BeginSelection", 1, 1, 4, 4);
+  Call(second, "FreeMDC");
+  const HGLRC other = recorder::Get().currentContext;
+  EXPECT_NE(context, other);
+  TakeLog();
+  EXPECT_EQ(Call(renderer, "EndSelection").GetDim(), 0);
+  EXPECT_TRUE(TakeLog().starts_with(Ending()));
+  EXPECT_EQ(recorder::Get().currentContext, other);
+  EXPECT_FALSE(recorder::Get().selections[context].isOn);
+}
+
+TEST_F(SelectionTest, ABeginInAnotherContextEndsTheSelectionWhereItBegan) {
+  const Variable first = OpenRenderer();
+  Variable second = OpenRenderer();
+  Variable renderer = NewRenderer();
+  const HGLRC context = recorder::Get().currentContext;
+  Call(renderer, "BeginSelection", 1, 1, 4, 4);
+  Call(second, "FreeMDC");
+  Call(renderer, "BeginSelection", 1, 1, 4, 4);
+  EXPECT_FALSE(recorder::Get().selections[context].isOn);
+  EXPECT_TRUE(recorder::Get().CurrentSelection()->isOn);
+  Call(renderer, "EndSelection");
+  EXPECT_FALSE(recorder::Get().CurrentSelection()->isOn);
+  Call(renderer, "EndSelection");
+  TakeLog();
+}
+
+TEST_F(SelectionTest, AClosedContextIsNotAskedAgain) {
+  Variable renderer = OpenRenderer();
+  Call(renderer, "BeginSelection", 1, 1, 4, 4);
+  Call(renderer, "Close");
+  TakeLog();
+  Call(renderer, "~TOpenGL");
+  EXPECT_EQ(TakeLog(), "");
+  recorder::Get().balance.matrixDepth.clear();
+}
+
+TEST_F(SelectionTest, AContextThatAnotherRendererDeletedCannotBeMadeCurrent) {
+  Variable open = OpenRenderer();
+  Variable renderer = NewRenderer();
+  Call(renderer, "BeginSelection", 1, 1, 4, 4);
+  Call(open, "Close");
+  TakeLog();
+  Call(renderer, "~TOpenGL");
+  const std::string log = TakeLog();
+  EXPECT_EQ(log.find("glRenderMode"), std::string::npos) << log;
+  recorder::Get().balance.matrixDepth.clear();
+}
+
+// As when the handle of a deleted context comes back as a new one's.
+TEST_F(SelectionTest, AnothersSelectionGoesOn) {
+  Variable open = OpenRenderer();
+  Variable renderer = NewRenderer();
+  Call(renderer, "BeginSelection", 1, 1, 4, 4);
+  Call(open, "BeginSelection", 1, 1, 4, 4);
+  Call(renderer, "~TOpenGL");
+  EXPECT_TRUE(recorder::Get().CurrentSelection()->isOn);
+  Call(open, "EndSelection");
+  TakeLog();
   recorder::Get().balance.matrixDepth.clear();
 }
 
