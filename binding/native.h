@@ -37,7 +37,7 @@ inline char* ClassText<OGLMaterial>() {
 }
 
 // What tells native objects of one class from any other's, without RTTI: the address of their virtual table, which is
-// their first word. 0 until the first object of the class is joined.
+// their first word. 0, which no table has as its address, until the first object of the class is joined.
 template <class T>
 inline std::uintptr_t virtualTable = 0;
 
@@ -48,19 +48,24 @@ inline std::uintptr_t FirstWord(const void* native) {
   return word;
 }
 
+// Whether the native object, which is not null, belongs to the class. One of another module may begin with 0.
+template <class T>
+bool IsNative(const void* native) {
+  return virtualTable<T> != 0 && FirstWord(native) == virtualTable<T>;
+}
+
 // The native object joined to the script object in a register or value, or null, also for another class's; raises
 // nothing.
 template <class T, class Holder>
 T* JoinedTo(Holder& object) {
   void* native = object.GetAssID();
-  if (!native || FirstWord(native) != virtualTable<T>) return nullptr;
+  if (!native || !IsNative<T>(native)) return nullptr;
   return static_cast<T*>(static_cast<TalqAss*>(native));
 }
 
 // Whether the native object, which is not null, belongs to one of this module's classes.
 inline bool IsOwnNative(const void* native) {
-  const std::uintptr_t table = FirstWord(native);
-  return table == virtualTable<TOpenGL> || table == virtualTable<OGLColor> || table == virtualTable<OGLMaterial>;
+  return IsNative<TOpenGL>(native) || IsNative<OGLColor>(native) || IsNative<OGLMaterial>(native);
 }
 
 // As JoinedTo, with error 43 and the class's name raised for null.
