@@ -112,17 +112,26 @@ consteval MethodEntry PartMethod(const char* signature) {
   return {Type::template kHandler<T, kPart, member>, signature};
 }
 
-// Joins a new native object to the script object of a constructor call. Without an object nothing is joined and nothing
-// raised: the first method call then finds the script object empty.
+// Breaks the joint and deletes the native object; does nothing without one.
+template <class T>
+void Release(T* native) {
+  if (!native) return;
+  native->BreakJoint();
+  delete native;
+}
+
+// Joins a new native object to the script object of a constructor call, in place of one that a constructor called as a
+// method finds there. Without an object nothing is joined and nothing raised: the first method call then finds the
+// script object empty.
 template <class T>
 void JoinNew(T* native, Variable* object, Processor* processor) {
   if (!native) return;
+  Release(JoinedTo<T>(*object));
   virtualTable<T> = FirstWord(native);
   native->Join(object, processor);
 }
 
-// The handlers behind Constructor and Destructor. Destroying breaks the joint and deletes the native object; without
-// one it does nothing.
+// The handlers behind Constructor and Destructor.
 template <class T, class... A>
 void HandleConstructor(VarRegister& /*result*/, VarRegister* args, int argc, Processor* processor) {
   Variable* object = args[argc - 1];
@@ -132,10 +141,7 @@ void HandleConstructor(VarRegister& /*result*/, VarRegister* args, int argc, Pro
 
 template <class T>
 void HandleDestructor(VarRegister& /*result*/, VarRegister* args, int argc, Processor* /*processor*/) {
-  T* native = JoinedTo<T>(args[argc - 1]);
-  if (!native) return;
-  native->BreakJoint();
-  delete native;
+  Release(JoinedTo<T>(args[argc - 1]));
 }
 
 // Row of the constructor of T from A...

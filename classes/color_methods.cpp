@@ -57,10 +57,7 @@ void MultiplyColor(VarRegister& result, VarRegister* args, int argc, Processor* 
   // The new instance comes with a default colour of its own, which gives way to the product.
   Variable& instance = result;
   processor->MakeInstance(instance, ClassText<OGLColor>(), nullptr, 0);
-  if (auto* ownColor = JoinedTo<OGLColor>(instance)) {
-    ownColor->BreakJoint();
-    delete ownColor;
-  }
+  Release(JoinedTo<OGLColor>(instance));
   JoinNew(product, &instance, processor);
 }
 

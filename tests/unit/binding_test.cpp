@@ -95,7 +95,7 @@ TEST_F(BindingTest, MethodAfterTheDestructorRaises43) {
   ExpectNoNative("TOpenGL");
 }
 
-// The rows whose only object arguments are of the module's own classes.
+// Rows that first take an object of the class: without its native object they raise 43.
 void ExpectArgumentWithoutNativeRaises(const std::string& className, int rowCount) {
   int rows = 0;
   for (const Row& row : Rows()) {
@@ -216,6 +216,27 @@ TEST_F(BindingTest, ANativeObjectOfAnotherClassCountsAsNone) {
   Call(renderer, "SetMaterial", NewColor(1, 2, 3, 4));
   ExpectNoNative("OglMaterial");
   EXPECT_EQ(TakeLog(), "");
+}
+
+// Required by nothing, but a script can write gl->TOpenGL().
+TEST_F(BindingTest, ConstructorCalledAsAMethodReplacesTheNativeObject) {
+  for (const std::string name : {"TOpenGL", "OglColor", "OglMaterial"}) {
+    Variable object = NewObject(name);
+    const void* first = object.GetAssID();
+    {
+      const FailingAllocation failure(1);
+      Call(object, name + "(void)");
+      EXPECT_EQ(object.GetAssID(), first) << name;
+    }
+    Host() = {};
+    Call(object, name + "(void)");
+    EXPECT_EQ(Host().brokenJoints, 1) << name;
+    EXPECT_NE(object.GetAssID(), nullptr) << name;
+  }
+  Variable renderer = OpenRenderer();
+  Call(renderer, "TOpenGL(void)");
+  EXPECT_EQ(Call(renderer, "IsOpen").slot.int32, 0);
+  TakeLog();
 }
 
 }  // namespace
