@@ -50,16 +50,17 @@ constexpr unsigned kYmmState = 0x06;
 constexpr unsigned kZmmState = 0xE6;
 
 const ProcessorReport& Report() {
-  static const ProcessorReport report = [] {
-    const unsigned leaf1c = CpuId(1).c;
-    return ProcessorReport{leaf1c, CpuId(7).b, (leaf1c & kOsxsave) != 0 ? SavedState() : 0};
-  }();
+  static const ProcessorReport report = MakeReport(CpuId(1).c, CpuId(7).b, SavedState);
   return report;
 }
 
 bool HasAll(unsigned bits, unsigned wanted) { return (bits & wanted) == wanted; }
 
 }  // namespace
+
+ProcessorReport MakeReport(unsigned leaf1c, unsigned leaf7b, unsigned (*readSavedState)()) {
+  return {leaf1c, leaf7b, (leaf1c & kOsxsave) != 0 ? readSavedState() : 0};
+}
 
 bool ReportsSsse3(const ProcessorReport& report) { return HasAll(report.leaf1c, kSsse3); }
 bool ReportsAvx2(const ProcessorReport& report) {

@@ -9,6 +9,9 @@ struct ProcessorReport {
   unsigned savedState;
 };
 
+// The report that these words make. xgetbv, which reads the saved state, is there only where leaf 1 says so.
+ProcessorReport MakeReport(unsigned leaf1c, unsigned leaf7b, unsigned (*readSavedState)());
+
 // Whether a processor with this report can do it; as below.
 bool ReportsSsse3(const ProcessorReport& report);
 bool ReportsAvx2(const ProcessorReport& report);

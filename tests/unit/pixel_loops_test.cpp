@@ -1,6 +1,7 @@
 // The loops over pixels that exist in several ways, one a kind of processor: all give the same bytes.
 #include <cmath>
 #include <limits>
+#include <tuple>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -101,6 +102,15 @@ TEST(PixelLoops, BlendOfEveryPairOfBytes) {
   }
 }
 
+TEST(PixelLoops, WhatNo64BitIntegerHoldsIsZero) {
+  for (const float factor : {0x1p62F, 0x1p63F, -0x1p63F, 0x1p80F, -0x1p80F}) {
+    unsigned char byte = 1;
+    const unsigned char other = 0;
+    BlendByFormula(&byte, &other, 1, factor);
+    EXPECT_EQ(byte, 0) << factor;
+  }
+}
+
 // Each kind of processor takes a way of its own.
 TEST(PixelLoops, EveryProcessorDoesTheSame) {
   const Bytes before = Pattern(300, 1);
@@ -141,6 +151,17 @@ TEST(PixelLoops, ProcessorHasToReportEveryPartOfWhatALoopNeeds) {
   ExpectNeeds(ReportsAvx2, {0, 1U << 5, 1U << 1 | 1U << 2});
   ExpectNeeds(ReportsAvx512,
               {0, 1U << 16 | 1U << 17 | 1U << 30 | 1U << 31, 1U << 1 | 1U << 2 | 1U << 5 | 1U << 6 | 1U << 7});
+}
+
+// A processor without xgetbv would stop the program at it.
+TEST(PixelLoops, SavedStateIsReadOnlyWhereTheProcessorCan) {
+  static int reads = 0;
+  const auto read = [] { return static_cast<unsigned>(++reads); };
+  constexpr unsigned kOsxsave = 1U << 27;
+  const ProcessorReport without = MakeReport(~kOsxsave, 8, read);
+  EXPECT_EQ(reads, 0);
+  EXPECT_EQ(std::tuple(without.leaf1c, without.leaf7b, without.savedState), std::tuple(~kOsxsave, 8U, 0U));
+  EXPECT_EQ(MakeReport(kOsxsave, 8, read).savedState, 1U);
 }
 
 // The compiler's library asks the processor by itself.
