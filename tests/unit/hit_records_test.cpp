@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "tests/unit/fixture.h"
+#include "tests/unit/host_calls.h"
 
 namespace {
 
@@ -16,7 +17,9 @@ Variable Hits(Variable& renderer, int hits, const Words& words) {
   recorder::Get().answers.hits = hits;
   recorder::Get().answers.hitRecords = words;
   Call(renderer, "BeginSelection", 1, 1, 1, 1);
+  Host() = {};
   const Variable result = Call(renderer, "EndSelection");
+  EXPECT_EQ(Host().outsideElements, 0);
   TakeLog();
   return result;
 }

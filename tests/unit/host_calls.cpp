@@ -41,6 +41,13 @@ void* WatchedAllocator(std::size_t size, std::size_t x, std::size_t y, std::size
   return memory;
 }
 
+Variable& RealElement(Variable*, int) asm("__real__ZN8VariableixEi");
+Variable& WatchedElement(Variable*, int) asm("__wrap__ZN8VariableixEi");
+Variable& WatchedElement(Variable* vector, int index) {
+  if (index < 0 || index >= vector->GetDim()) ++Host().outsideElements;
+  return RealElement(vector, index);
+}
+
 void RealBreakJoint(TalqAss*) asm("__real__ZN7TalqAss10BreakJointEv");
 void WatchedBreakJoint(TalqAss*) asm("__wrap__ZN7TalqAss10BreakJointEv");
 void WatchedBreakJoint(TalqAss* native) {

@@ -14,7 +14,8 @@ struct HostCalls {
   bool hasMemory = true;
   unsigned char memoryFill = 0xCD;  // what memory of HMALLOC holds
   bool hasConnector = true;
-  int brokenJoints = 0;  // calls of BreakJoint, but for those of a native object's end
+  int outsideElements = 0;  // elements asked for that a Vector does not have
+  int brokenJoints = 0;     // calls of BreakJoint, but for those of a native object's end
 };
 
 // What all calls are noted in and answered from; a test sets it back by assigning {}.

@@ -146,8 +146,11 @@ TEST_F(IndexedMeshesTest, RendererItselfDrawsNothingUnlessOpenAndBound) {
 
 TEST_F(IndexedMeshesTest, WithoutItsNativeObject) {
   Variable unjoined = Unjoined("TOpenGL");
-  CallRow(unjoined, "TrianglesExFB", Arguments({0}));
+  const std::vector<Variable> arguments = Arguments({0});
+  const FailingAllocation first(1);
+  CallRow(unjoined, "TrianglesExFB", arguments);
   ExpectNoNative("TOpenGL");
+  EXPECT_FALSE(first.Happened());  // nothing is decoded
 }
 
 TEST_F(IndexedMeshesTest, ObjectsOfTheModuleAreNoMeshes) {

@@ -175,8 +175,11 @@ TEST_F(IndexedTest, RendererItselfDrawsNothingUnlessOpenAndBound) {
 
 TEST_F(IndexedTest, WithoutItsNativeObject) {
   Variable unjoined = Unjoined("TOpenGL");
-  CallRow(unjoined, "TrianglesEx", Arguments({0}));
+  const std::vector<Variable> arguments = Arguments({0});
+  const FailingAllocation first(1);
+  CallRow(unjoined, "TrianglesEx", arguments);
   ExpectNoNative("TOpenGL");
+  EXPECT_FALSE(first.Happened());  // nothing is decoded
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "classes/gl.h"
+#include "render/topengl.h"
 #include "tests/unit/drawing.h"
 
 namespace {
@@ -179,6 +180,7 @@ TEST_F(SplinesTest, WiredDrawsPatchesOrPolygonsAndLeavesNormalsAway) {
 }
 
 TEST_F(SplinesTest, PatchOutlinesAreTheDefault) {
+  EXPECT_EQ(static_cast<int>(TOpenGL().GetOutlinePatch()), 1);
   Variable renderer = OpenRenderer();
   Call(renderer, "EnableWired", true);
   CallRow(renderer, kSurface, Surface().Arguments());
@@ -187,7 +189,7 @@ TEST_F(SplinesTest, PatchOutlinesAreTheDefault) {
 
 TEST_F(SplinesTest, SurfaceCountsThatDoNotFitRaise8) {
   Variable renderer = OpenRenderer();
-  std::vector<Surface> refused(8);
+  std::vector<Surface> refused(10);
   refused[0].sKnots.pop_back();
   refused[1].sKnots.push_back(9);
   refused[2].tKnots.pop_back();
@@ -196,6 +198,8 @@ TEST_F(SplinesTest, SurfaceCountsThatDoNotFitRaise8) {
   refused[5].heights.push_back(From(0, 5));
   refused[6].heights[1].pop_back();
   refused[7].heights[3].push_back(9);
+  refused[8].heights[0].pop_back();
+  refused[9].heights[0].push_back(9);
   for (const Surface& surface : refused) {
     CallRow(renderer, kSurface, surface.Arguments());
     ExpectError(8, "");

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "render/point.h"
+#include "render/topengl.h"
 #include "tests/unit/fixture.h"
 
 namespace {
@@ -176,24 +176,20 @@ TEST_F(ViewTest, GettersMakePointObjectsAndNumbers) {
   for (int i = 0; i < 4; ++i) EXPECT_EQ(rectangle[i].GetType(), TVAR_FLOAT);
 }
 
-TEST_F(ViewTest, PointsRectanglesAndFrustaAsValues) {
-  OGLPoint point;
-  EXPECT_EQ(Floats({point.x, point.y, point.z, point.w}), Floats({0, 0, 0, 1}));
-  point.Set(0, 0, -2, 5);
-  point.Normalize();
-  EXPECT_EQ(Floats({point.x, point.y, point.z, point.w}), Floats({0, 0, -1, 1}));
-  point.Set(0, 0, 0, 5);
-  point.Normalize();
-  EXPECT_EQ(Floats({point.x, point.y, point.z, point.w}), Floats({1, 0, 0, 1}));
-  const OGLRect empty;
-  EXPECT_EQ(Floats({empty.left, empty.right, empty.top, empty.bottom}), Floats({0, 0, 0, 0}));
-  const OGLRect rect(1, 2, 4, 8);
-  EXPECT_EQ(Floats({rect.left, rect.right, rect.top, rect.bottom}), Floats({1, 4, 2, 8}));
-  EXPECT_EQ(rect.Width(), 3.0F);
-  EXPECT_EQ(rect.Height(), 6.0F);
-  const OGLFrustum frustum(1, 2, 3, 4, 5, 7);
-  EXPECT_EQ(Floats({frustum.left, frustum.right, frustum.top, frustum.bottom}), Floats({1, 2, 3, 4}));
-  EXPECT_EQ(frustum.Depth(), -2.0F);
+TEST_F(ViewTest, ViewerIsTwoPointsAndADirection) {
+  TOpenGL renderer;
+  OGLPoint eye(0, 0, 0, 0);
+  OGLPoint center = eye;
+  OGLPoint up = eye;
+  const auto expect = [&](const Floats& expectedEye, const Floats& expectedCenter, const Floats& expectedUp) {
+    renderer.GetViewer(eye, center, up);
+    EXPECT_EQ(Floats({eye.x, eye.y, eye.z, eye.w}), expectedEye);
+    EXPECT_EQ(Floats({center.x, center.y, center.z, center.w}), expectedCenter);
+    EXPECT_EQ(Floats({up.x, up.y, up.z, up.w}), expectedUp);
+  };
+  expect({0, 0, 1000, 1}, {0, 0, 0, 1}, {0, 1, 0, 1});
+  renderer.SetViewerPos(1, 2, 3, 4, 5, 6, 0, 0, 7);
+  expect({1, 2, 3, 1}, {4, 5, 6, 1}, {0, 0, 1, 1});
 }
 
 }  // namespace
