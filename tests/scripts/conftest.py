@@ -171,6 +171,8 @@ def assert_nothing_kept(run_program):
     return check
 
 
+# Before the workers' own hook, which reads the marks.
+@pytest.hookimpl(tryfirst=True)
 def pytest_collection_modifyitems(items):
     # One Wine prefix serves one display: all tests with windows go to the same worker.
     for item in items:
