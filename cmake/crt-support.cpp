@@ -5,6 +5,8 @@
 extern "C" int _fltused = 0;
 __asm__(".globl __chkstk\n__chkstk:\n\tjmp ___chkstk_ms\n");  // frames over a page; the same contract on x86-64
 
+// The library names its parameters in its own way.
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name)
 void* operator new(std::size_t size) { return std::malloc(size ? size : 1); }
 void* operator new[](std::size_t size) { return std::malloc(size ? size : 1); }
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return std::malloc(size ? size : 1); }
@@ -13,6 +15,7 @@ void operator delete(void* p) noexcept { std::free(p); }
 void operator delete[](void* p) noexcept { std::free(p); }
 void operator delete(void* p, std::size_t) noexcept { std::free(p); }
 void operator delete[](void* p, std::size_t) noexcept { std::free(p); }
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)
 
 namespace std {
 extern const nothrow_t nothrow{};
