@@ -41,10 +41,13 @@ step() {
   return 1
 }
 
-# build_preset PRESET [TARGET...]: configures (once) and builds a CMake preset, or these targets of it.
+# build_preset PRESET [TARGET...]: configures (when the presets have changed) and builds a CMake preset, or these targets
+# of it.
 build_preset() {
-  local preset=$1
-  [[ -f $build/$preset/build.ninja ]] || cmake --preset "$preset" -S "$root" || return 1
+  local preset=$1 rules=$build/$1/build.ninja
+  if [[ ! $rules -nt $root/CMakePresets.json ]]; then
+    cmake --preset "$preset" -S "$root" && touch "$rules" || return 1
+  fi
   cmake --build "$build/$preset" ${2:+--target "${@:2}"}
 }
 
