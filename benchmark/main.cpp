@@ -47,10 +47,12 @@ int main(int argc, char** argv) {
   AddShapes(rows, scene);
   AddCalls(rows, scene);
   PrintHead();
+  bool isAnyWanted = false;
   for (const Row& row : rows) {
     bool isWanted = argc < 2;
     for (int i = 1; i < argc; ++i) isWanted = isWanted || std::strstr(row.work.c_str(), argv[i]);
     if (!isWanted) continue;
+    isAnyWanted = true;
     Ratio real{};
     Ratio stubs{};
     const bool hasReal = HasOpenGL() || !row.withStubs;
@@ -62,5 +64,6 @@ int main(int argc, char** argv) {
     }
     PrintRow(row, hasReal ? &real : nullptr, row.withStubs ? &stubs : nullptr);
   }
-  return 0;
+  if (!isAnyWanted) std::fprintf(stderr, "error: no work has such a name\n");
+  return isAnyWanted ? 0 : 1;
 }

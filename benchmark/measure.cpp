@@ -24,6 +24,12 @@ std::string Text(const Ratio* ratio) {
   return text;
 }
 
+// Goals are for OpenGL that draws.
+const char* Verdict(const Row& row, const Ratio* real) {
+  if (!real) return "";
+  return real->median <= row.goal ? "met" : "MISSED";
+}
+
 }  // namespace
 
 Ratio Measure(const Row& row) {
@@ -47,12 +53,6 @@ Ratio Measure(const Row& row) {
 
 void PrintHead() {
   std::printf("%-38s %-34s %6s %-24s %-24s %s\n", "work", "floor", "goal", "OpenGL: median (spread)", "stubs", "");
-}
-
-// Goals are for OpenGL that draws.
-const char* Verdict(const Row& row, const Ratio* real) {
-  if (!real) return "";
-  return real->median <= row.goal ? "met" : "MISSED";
 }
 
 void PrintRow(const Row& row, const Ratio* real, const Ratio* stubs) {

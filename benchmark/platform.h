@@ -16,10 +16,10 @@ bool HasOpenGL();
 // Points this program's OpenGL imports at a function that counts, or back at OpenGL.
 void UseStubs(bool on);
 
-// Seconds for loading, and unloading, a library: the module with its 165 rows read, or an empty library and
-// 165 rows read. Nothing where the libraries are not at hand.
-struct LoadTimes {
+// Load and unload a library once: the module with its 165 rows read, or an empty library and 165 rows read. Nothing
+// where the libraries are not at hand.
+struct LoadRuns {
   void (*loadModule)();
   void (*loadEmpty)();
 };
-std::optional<LoadTimes> Loads();
+std::optional<LoadRuns> Loads();

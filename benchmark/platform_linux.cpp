@@ -23,4 +23,4 @@ bool OpenFrame(TOpenGL& renderer, int width, int height, bool /*onWindow*/) {
 
 bool HasOpenGL() { return false; }
 void UseStubs(bool /*on*/) {}
-std::optional<LoadTimes> Loads() { return std::nullopt; }
+std::optional<LoadRuns> Loads() { return std::nullopt; }

@@ -88,8 +88,8 @@ void UseStubs(bool on) {
   }
 }
 
-std::optional<LoadTimes> Loads() {
+std::optional<LoadRuns> Loads() {
   // A host is there before its modules.
   LoadLibraryA("Talq.dll");
-  return LoadTimes{[] { LoadAndFree("TalqOpenGL.dll", true); }, [] { LoadAndFree("benchmark_empty.dll", false); }};
+  return LoadRuns{[] { LoadAndFree("TalqOpenGL.dll", true); }, [] { LoadAndFree("benchmark_empty.dll", false); }};
 }
