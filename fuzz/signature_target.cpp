@@ -1,4 +1,4 @@
-// Any text as a row's signature: it is refused with a reason, or its parts print and parse again.
+// Any text as a row's signature: it is refused with a reason, or its parameters print as a list.
 #include <cstdint>
 #include <cstdlib>
 
@@ -12,6 +12,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (fault.empty()) std::abort();
     return 0;
   }
-  devhost::ParameterListText(signature);
+  const std::string list = devhost::ParameterListText(signature);
+  if (!list.starts_with('(') || !list.ends_with(')')) std::abort();
   return 0;
 }

@@ -1,5 +1,5 @@
 // Prints by how many bytes a process grows while the driver alone creates contexts on a memory bitmap, makes them
-// current and deletes them, after as many rounds of warming up as the script that is compared with it.
+// current and deletes them, after 200 rounds of warming up.
 // usage: driver_growth ROUNDS
 #include <windows.h>
 // psapi.h belongs behind windows.h.

@@ -64,7 +64,8 @@ Bytes Part(const Bytes& pixels, int width, int column, int row, int columns, int
   return part;
 }
 
-std::vector<Bytes> TakeTextures(const char* function) {
+// The images that a function was called with.
+std::vector<Bytes> TexturesOf(const char* function) {
   std::vector<Bytes> textures;
   for (const recorder::Call& call : recorder::Get().calls) {
     if (call.name == function) textures.push_back(call.bytes);
@@ -76,7 +77,7 @@ TEST_F(BitmapsTest, WideBitmapIsTwoTiles) {
   Variable renderer = OpenRenderer();
   const Bytes pixels = Pixels(300, 100);
   Call(renderer, "DrawBitmap", 10.0F, 20.0F, 30.0F, NewFakeBitmap(300, 100, ByteString(pixels)));
-  const auto textures = TakeTextures("glTexSubImage2D");
+  const auto textures = TexturesOf("glTexSubImage2D");
   EXPECT_EQ(TakeLog(), Drawn(Tile(256, 100, 10, 20, 266, 120, 30) + Tile(44, 100, 266, 20, 310, 120, 30)));
   ASSERT_EQ(textures.size(), 2U);
   EXPECT_EQ(textures[0], Part(RedFirst(pixels), 300, 0, 0, 256, 100));
@@ -101,7 +102,7 @@ TEST_F(BitmapsTest, TilesCoverEverySizeRowByRow) {
         parts.push_back(Part(RedFirst(pixels), width, column, row, columns, rows));
       }
     }
-    EXPECT_EQ(TakeTextures("glTexSubImage2D"), parts) << width << " x " << height;
+    EXPECT_EQ(TexturesOf("glTexSubImage2D"), parts) << width << " x " << height;
     EXPECT_EQ(TakeLog(), Drawn(tiles)) << width << " x " << height;
   }
 }
@@ -109,7 +110,7 @@ TEST_F(BitmapsTest, TilesCoverEverySizeRowByRow) {
 TEST_F(BitmapsTest, TextureStartsBlack) {
   Variable renderer = OpenRenderer();
   Call(renderer, "DrawBitmap", 0.0F, 0.0F, 0.0F, NewFakeBitmap(1, 1, ByteString({9, 9, 9})));
-  EXPECT_EQ(TakeTextures("glTexImage2D"), std::vector<Bytes>{Bytes(std::size_t{3} * 256 * 256, 0)});
+  EXPECT_EQ(TexturesOf("glTexImage2D"), std::vector<Bytes>{Bytes(std::size_t{3} * 256 * 256, 0)});
   EXPECT_EQ(LastAllocationSize(), std::size_t{4} * 256 * 256);
 }
 
@@ -130,7 +131,7 @@ TEST_F(BitmapsTest, PointIsDrawnAndThenTheRegistersAsNumbers) {
   Variable renderer = OpenRenderer();
   const Variable bitmap = NewFakeBitmap(2, 1, ByteString({1, 2, 3, 4, 5, 6}));
   Call(renderer, "DrawBitmap", Point3(5, 6, 7), bitmap);
-  const auto textures = TakeTextures("glTexSubImage2D");
+  const auto textures = TexturesOf("glTexSubImage2D");
   // Objects, and the empty register past the renderer, are 0 as numbers.
   EXPECT_EQ(TakeLog(), Drawn(Tile(2, 1, 5, 6, 7, 7, 7)) + Drawn(Tile(2, 1, 0, 0, 0, 0, 0)));
   EXPECT_EQ(textures, std::vector<Bytes>({{3, 2, 1, 6, 5, 4}, {1, 2, 3, 4, 5, 6}}));
@@ -238,7 +239,7 @@ TEST_F(BitmapsTest, HostsOwnBitmapIsDrawn) {
   Variable renderer = OpenRenderer();
   const Variable bitmap = NewObject("MBmp", {Variable(1), Variable(2), ByteString({1, 2, 3, 4, 5, 6})});
   Call(renderer, "DrawBitmap", 0.0F, 0.0F, 0.0F, bitmap);
-  EXPECT_EQ(TakeTextures("glTexSubImage2D"), std::vector<Bytes>({{3, 2, 1, 6, 5, 4}}));
+  EXPECT_EQ(TexturesOf("glTexSubImage2D"), std::vector<Bytes>({{3, 2, 1, 6, 5, 4}}));
 }
 
 }  // namespace

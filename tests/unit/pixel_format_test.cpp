@@ -22,7 +22,7 @@ Bytes Descriptor(unsigned flags) {
   return bytes;
 }
 
-// Expects that the last choice was made with this descriptor and set with the number that was chosen.
+// Expects that the choice and the setting each had this descriptor.
 void ExpectDescriptor(unsigned flags) {
   int found = 0;
   for (const recorder::Call& call : recorder::Get().calls) {
