@@ -21,5 +21,5 @@ target_link_options(unit_tests PRIVATE LINKER:--wrap=_Z12GetConnectorv LINKER:--
 foreach(name _Z8HasSsse3v _Z7HasAvx2v _Z9HasAvx512v)
   target_link_options(unit_tests PRIVATE LINKER:--wrap=${name})
 endforeach()
-# tests/unit/allocation.cpp lets an allocation fail.
-target_link_options(unit_tests PRIVATE LINKER:--wrap=calloc)
+include(cmake/watched-allocations.cmake)
+watch_allocations(unit_tests)

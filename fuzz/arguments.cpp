@@ -80,7 +80,7 @@ Variable Arguments::AnyInteger() {
 }
 
 Variable Arguments::AnyValue() {
-  switch (random.Below(8)) {
+  switch (random.Below(9)) {
     case 0:
       return Variable();
     case 1:
@@ -93,9 +93,19 @@ Variable Arguments::AnyValue() {
       return world.MeshObject();
     case 5:
       return world.AnyObject();
+    case 6:
+      return Reference();
     default:
       return AnyNumber();
   }
+}
+
+Variable Arguments::Reference() {
+  devhost::Assign(referred, Shaped('T'));
+  Variable reference;
+  reference.type = devhost::kReferenceType;
+  reference.slot.pointer = &referred;
+  return reference;
 }
 
 Variable Arguments::Object(std::string_view className) {
@@ -164,8 +174,10 @@ Variable Arguments::Shaped(char shape) {
     case 'I':
       return VectorOf(random.Below(6), [&] { return Variable(random.Integer()); });
     case 'M':
-      return VectorOf(random.Below(6),
-                      [&] { return random.Percent(70) ? world.ObjectOf("OglMaterial") : world.AnyObject(); });
+      return VectorOf(random.Below(6), [&] {
+        if (random.Percent(10)) return world.MeshObject();
+        return random.Percent(70) ? world.ObjectOf("OglMaterial") : world.AnyObject();
+      });
     case 'F':
       return VectorOf(count, [&] { return random.Percent(70) ? world.MeshObject() : world.AnyObject(); });
     case 'N':

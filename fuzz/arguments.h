@@ -19,6 +19,7 @@ class Arguments {
   Variable AnyNumber();
   Variable AnyInteger();
   Variable AnyValue();
+  Variable Reference();
   Variable Object(std::string_view className);
   // A Vector in the shape that the letter names (see arguments.cpp).
   Variable Shaped(char shape);
@@ -33,6 +34,8 @@ class Arguments {
   int count = 0;
   std::string_view shapes;
   std::size_t vectors = 0;
+  // What references refer to, as long as the call lasts.
+  Variable referred;
   // Whether the method's integers count its own vertices.
   bool countsVertices = false;
 };

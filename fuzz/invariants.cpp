@@ -3,9 +3,18 @@
 #include <algorithm>
 
 #include "binding/errors.h"
+#include "devhost/access.h"
+#include "devhost/modules.h"
 #include "devhost/runtime.h"
+#include "tests/unit/allocation.h"
 
 namespace {
+
+// What the module has allocated; the host may hold back some of what it was given.
+std::size_t AllocatedNow() {
+  devhost::ClearScratch();
+  return LiveAllocations();
+}
 
 constexpr std::string_view kBatches[] = {"SetPoints",   "LineStrip",     "Lines",          "ColorLines",    "Triangles",
                                          "TrianglesEx", "TrianglesExFB", "ColorTriangles", "TriangleStrip", "QuadStrip",
@@ -22,6 +31,15 @@ constexpr StackMove kStackMoves[] = {{"PushModelMatrix", GL_MODELVIEW, 1},
                                      {"BeginSelection", GL_PROJECTION, 1},
                                      {"EndSelection", GL_PROJECTION, -1}};
 
+// Errors that a call raises before it does anything else.
+bool EndsTheCall(const devhost::Error& error) {
+  if (error.code == kNoNativeObject || error.code == kCountsDoNotFit) return true;
+  const ErrorEntry* entry = devhost::FindModuleError(error.code);
+  return entry && (entry->code == OGL_NO_DC || entry->code == OGL_NO_SELECTION_MODE);
+}
+
+bool IsBatch(std::string_view method) { return std::ranges::find(kBatches, method) != std::end(kBatches); }
+
 // OpenGL's own complaints about calls that scripts may make in any order.
 bool IsTheScripts(std::string_view method, std::string_view fault) {
   return (method == "TrianglesExFB" && fault == "glEnd without glBegin") ||
@@ -34,6 +52,7 @@ Invariants::Invariants(std::string_view method)
     : method(method),
       wasPending(devhost::PendingError() != nullptr),
       wasInsideList(recorder::Get().balance.insideList),
+      wasAllocated(AllocatedNow()),
       matrixDepth(recorder::Get().balance.matrixDepth) {
   recorder::Get().calls.clear();
   recorder::Get().balance.faults.clear();
@@ -41,14 +60,22 @@ Invariants::Invariants(std::string_view method)
 
 std::optional<std::string> Invariants::Violation() {
   if (DrewInSpiteOfError()) return "OpenGL was called in spite of an error: " + recorder::TakeLog();
+  if (!MakesObjects() && AllocatedNow() != wasAllocated) return "an allocation was kept, or one too many freed";
   return Unbalanced();
 }
 
 bool Invariants::DrewInSpiteOfError() const {
   if (recorder::Get().calls.empty()) return false;
   const devhost::Error* error = devhost::PendingError();
-  if (wasPending) return std::ranges::find(kBatches, method) != std::end(kBatches);
-  return error && (error->code == kNoNativeObject || error->code == kCountsDoNotFit);
+  if (!error) return false;
+  // The indexed batches read indices and materials behind their last look at the error.
+  if (IsBatch(method)) return wasPending || EndsTheCall(*error) || !method.starts_with("TrianglesEx");
+  return !wasPending && EndsTheCall(*error);
+}
+
+// Constructors, which keep what they allocate, and destructors.
+bool Invariants::MakesObjects() const {
+  return method.starts_with('~') || method == "TOpenGL" || method == "OglColor" || method == "OglMaterial";
 }
 
 bool Invariants::MayMove(GLenum mode, int by) const {

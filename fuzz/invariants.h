@@ -18,11 +18,13 @@ class Invariants {
 
  private:
   bool DrewInSpiteOfError() const;
+  bool MakesObjects() const;
   std::optional<std::string> Unbalanced();
   bool MayMove(GLenum mode, int by) const;
 
   std::string_view method;
   bool wasPending;
   bool wasInsideList;
+  std::size_t wasAllocated;
   std::map<GLenum, int> matrixDepth;
 };

@@ -64,11 +64,11 @@ std::vector<Row> Rows() {
   return rows;
 }
 
-// The object that the method is called on: for constructors a fresh one.
+// The object that the method is called on: for constructors mostly a fresh one.
 Variable SelfOf(const devhost::Signature& signature, Random& random, World& world) {
   const bool constructs = signature.method == signature.className;
-  if (constructs || random.Percent(2)) return World::NewUnjoined(signature.className);
-  return random.Percent(2) ? world.AnyObject() : world.ObjectOf(signature.className);
+  if (random.Percent(constructs ? 90 : 2)) return World::NewUnjoined(signature.className);
+  return !constructs && random.Percent(2) ? world.AnyObject() : world.ObjectOf(signature.className);
 }
 
 void CallHandler(const Row& row, Variable& self, std::span<const Variable> args) {
@@ -92,12 +92,13 @@ void MakeCall(const Row& row, Random& random, World& world) {
   std::vector<Variable> args = arguments.For(row.signature);
   Variable self = SelfOf(row.signature, random, world);
   const bool constructs = row.signature.method == row.signature.className;
+  const bool isThroughHost = !constructs && random.Percent(10);
+  if (isThroughHost && random.Percent(50)) args.resize(static_cast<std::size_t>(random.Below(8)));
   devhost::ClearError();
   if (random.Percent(3)) devhost::Raise(99, "pending");
   const FailingAllocation failure(random.Percent(5) ? 1 + random.Below(6) : 0);
   Invariants invariants(row.signature.method);
-  if (!constructs && random.Percent(10)) {
-    if (random.Percent(50)) args.resize(static_cast<std::size_t>(random.Below(8)));
+  if (isThroughHost) {
     CallThroughHost(row, self, args);
   } else {
     CallHandler(row, self, args);

@@ -1,5 +1,7 @@
 #include "fuzz/world.h"
 
+#include <set>
+
 #include "classes/gl.h"
 #include "devhost/classes.h"
 #include "devhost/payload.h"
@@ -48,7 +50,10 @@ Variable& World::ObjectOf(std::string_view className) {
 
 Variable& World::AnyObject() { return ObjectOf(random.Pick({"TOpenGL", "OglColor", "OglMaterial"})); }
 
-Variable& World::MeshObject() { return meshObject; }
+Variable& World::MeshObject() {
+  devhost::ObjectOf(meshObject)->native = random.Percent(80) ? &mesh : &emptyMesh;
+  return meshObject;
+}
 
 Variable World::NewUnjoined(std::string_view className) {
   Variable object;
@@ -80,10 +85,11 @@ void World::ChangeDriver() {
 }
 
 std::size_t World::OpenRenderers() const {
-  std::size_t open = 0;
+  // One script object may stand in several places.
+  std::set<const TOpenGL*> open;
   for (const Variable& renderer : renderers) {
     const auto* native = NativeOf<TOpenGL>(renderer);
-    if (native && native->IsOpen()) ++open;
+    if (native && native->IsOpen()) open.insert(native);
   }
-  return open;
+  return open.size();
 }

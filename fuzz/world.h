@@ -21,7 +21,7 @@ class World {
   Variable& ObjectOf(std::string_view className);
   // Any of them, whatever its class.
   Variable& AnyObject();
-  // An object with a mesh behind it.
+  // An object with a mesh behind it, now and then one without vertices.
   Variable& MeshObject();
   // A fresh object of the class without a native object.
   static Variable NewUnjoined(std::string_view className);
@@ -42,5 +42,6 @@ class World {
   std::vector<Variable> materials;
   std::array<float, 36> coordinates{};
   TriangleMesh mesh{coordinates.data(), 4, coordinates.data()};
+  TriangleMesh emptyMesh{nullptr, 0, nullptr};
   Variable meshObject;
 };

@@ -29,7 +29,7 @@ struct Call {
 struct Answers {
   int pixelFormat = 1;
   bool createsContexts = true;
-  bool makesCurrent = true;
+  bool makesCurrent = true;  // a context on a device on which it was not before
   DWORD lastError = 0;
   // Of GL_VENDOR and so on; without an entry glGetString answers null.
   std::map<GLenum, std::string> strings;
@@ -79,6 +79,7 @@ struct Recorder {
   HGLRC currentContext = nullptr;
   std::map<HGLRC, Selection> selections;
   std::set<HGLRC> deletedContexts;
+  std::set<std::pair<HDC, HGLRC>> onceCurrent{{nullptr, nullptr}};
   _GLUfuncptr nurbsErrorCallback = nullptr;
   int objectsMade = 0;  // contexts, quadrics and NURBS renderers
 

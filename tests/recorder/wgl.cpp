@@ -51,7 +51,9 @@ BOOL wglDeleteContext(HGLRC context) {
 
 BOOL wglMakeCurrent(HDC device, HGLRC context) {
   Record("wglMakeCurrent", device, context);
-  if (!Get().answers.makesCurrent || Get().deletedContexts.contains(context)) return FALSE;
+  if (Get().deletedContexts.contains(context)) return FALSE;
+  if (!Get().answers.makesCurrent && !Get().onceCurrent.contains({device, context})) return FALSE;
+  Get().onceCurrent.insert({device, context});
   Get().currentDevice = device;
   Get().currentContext = context;
   return TRUE;

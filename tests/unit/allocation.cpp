@@ -1,8 +1,53 @@
 #include "tests/unit/allocation.h"
 
+#include <cstdlib>
+#include <functional>
 #include <new>
+#include <unordered_set>
+
+// The linker's --wrap gives a call of calloc, free or delete the name __wrap_..., and the library's own routine the
+// name
+// __real_....
+// NOLINTBEGIN(bugprone-reserved-identifier)
+#define WATCH(name, mangled, ...)                      \
+  void Real##name(__VA_ARGS__) asm("__real_" mangled); \
+  void Watched##name(__VA_ARGS__) asm("__wrap_" mangled);
+
+WATCH(Free, "free", void*)
+WATCH(Delete, "_ZdlPv", void*)
+WATCH(SizedDelete, "_ZdlPvm", void*, std::size_t)
+WATCH(DeleteArray, "_ZdaPv", void*)
+WATCH(SizedDeleteArray, "_ZdaPvm", void*, std::size_t)
+void* WatchedCalloc(std::size_t count, std::size_t size) asm("__wrap_calloc");
+void* RealCalloc(std::size_t count, std::size_t size) asm("__real_calloc");
+// NOLINTEND(bugprone-reserved-identifier)
 
 namespace {
+
+// Memory for what is kept of the others, which is not watched itself.
+template <class T>
+struct Unwatched {
+  using value_type = T;
+  Unwatched() = default;
+  template <class U>
+  explicit(false) Unwatched(const Unwatched<U>& /*other*/) {}
+  T* allocate(std::size_t count) { return static_cast<T*>(std::malloc(count * sizeof(T))); }
+  void deallocate(T* memory, std::size_t /*count*/) { RealFree(memory); }
+  bool operator==(const Unwatched&) const = default;
+};
+
+using Pointers = std::unordered_set<void*, std::hash<void*>, std::equal_to<>, Unwatched<void*>>;
+
+// Outlives every object.
+Pointers& Live() {
+  static auto& live = *new Pointers;
+  return live;
+}
+
+void* Noted(void* memory) {
+  if (memory) Live().insert(memory);
+  return memory;
+}
 
 // More than any test allocates, so that absurd sizes fail at once.
 constexpr std::size_t kLargestAllocation = std::size_t{1} << 30;
@@ -19,13 +64,13 @@ bool FailsNow(std::size_t size) {
 
 void* AllocateOrFail(std::size_t size) noexcept {
   if (FailsNow(size)) return nullptr;
-  return size > kLargestAllocation ? nullptr : ::operator new(size);
+  return size > kLargestAllocation ? nullptr : Noted(::operator new(size));
 }
 
 // The array form has memory of its own kind, for the checks of new[] against delete.
 void* AllocateArrayOrFail(std::size_t size) noexcept {
   if (FailsNow(size)) return nullptr;
-  return size > kLargestAllocation ? nullptr : ::operator new[](size);
+  return size > kLargestAllocation ? nullptr : Noted(::operator new[](size));
 }
 
 }  // namespace
@@ -33,12 +78,32 @@ void* AllocateArrayOrFail(std::size_t size) noexcept {
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return AllocateOrFail(size); }
 void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return AllocateArrayOrFail(size); }
 
-// The linker's --wrap gives a call of calloc the first name, and the library's own routine the second.
-void* WatchedCalloc(std::size_t count, std::size_t size) asm("__wrap_calloc");
-void* RealCalloc(std::size_t count, std::size_t size) asm("__real_calloc");
 void* WatchedCalloc(std::size_t count, std::size_t size) {
-  return FailsNow(count * size) ? nullptr : RealCalloc(count, size);
+  return FailsNow(count * size) ? nullptr : Noted(RealCalloc(count, size));
 }
+
+void WatchedFree(void* memory) {
+  Live().erase(memory);
+  RealFree(memory);
+}
+void WatchedDelete(void* memory) {
+  Live().erase(memory);
+  RealDelete(memory);
+}
+void WatchedSizedDelete(void* memory, std::size_t size) {
+  Live().erase(memory);
+  RealSizedDelete(memory, size);
+}
+void WatchedDeleteArray(void* memory) {
+  Live().erase(memory);
+  RealDeleteArray(memory);
+}
+void WatchedSizedDeleteArray(void* memory, std::size_t size) {
+  Live().erase(memory);
+  RealSizedDeleteArray(memory, size);
+}
+
+std::size_t LiveAllocations() { return Live().size(); }
 
 std::size_t LastAllocationSize() { return lastSize; }
 

@@ -1,7 +1,11 @@
-// Watches the allocations of the module, and makes one fail.
+// Watches the allocations of the module, which are by new (std::nothrow) and calloc, and makes one fail. The linker
+// leads calls here (cmake/watched-allocations.cmake).
 #pragma once
 
 #include <cstddef>
+
+// How many of these allocations have not been given back.
+std::size_t LiveAllocations();
 
 // The bytes that were last asked of new (std::nothrow) or calloc.
 std::size_t LastAllocationSize();
