@@ -28,6 +28,12 @@ Floats Colors(Variable vector, int expectedCount) {
 Variable Row(float first, float second, float third) { return Numbers({first, second, third}); }
 Variable Color(float red, float green, float blue) { return NewColor(red, green, blue, 0.5F); }
 
+TEST_F(DecodeTest, NoTriplesAreNone) {
+  const Triples none;
+  EXPECT_FALSE(none);
+  EXPECT_EQ(none.Count(), 0);
+}
+
 TEST_F(DecodeTest, FlatNumbers) { EXPECT_EQ(Points(Numbers({1, 2, 3, 4.5F, 5, 6})), Floats({1, 2, 3, 4.5F, 5, 6})); }
 
 TEST_F(DecodeTest, FlatIntegersBecomeFloats) { EXPECT_EQ(Points(Integers({1, -2, 3})), Floats({1, -2, 3})); }
