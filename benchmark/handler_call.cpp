@@ -3,7 +3,6 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "devhost/runtime.h"
 #include "module/exports.h"
 
 ScriptHandler HandlerOf(std::string_view signature) {
@@ -15,14 +14,9 @@ ScriptHandler HandlerOf(std::string_view signature) {
 }
 
 HandlerCall::HandlerCall(std::string_view signature, const std::vector<Variable>& args, Variable& object)
-    : handler(HandlerOf(signature)),
-      count(static_cast<int>(args.size()) + 1),
-      registers(new VarRegister[args.size() + 5]) {
-  for (std::size_t i = 0; i < args.size(); ++i) devhost::Assign(registers[i].GetVar(), args[i]);
-  devhost::Assign(registers[args.size()].GetVar(), object);
-}
+    : handler(HandlerOf(signature)), registers(args, object) {}
 
 void HandlerCall::Run(ScriptHandler other) {
   VarRegister result;
-  other(result, registers.get(), count, devhost::CurrentProcessor());
+  registers.Call(other, result);
 }

@@ -1,11 +1,11 @@
 // A call of a handler as the host makes it, with its registers ready.
 #pragma once
 
-#include <memory>
 #include <string_view>
 #include <vector>
 
 #include "host/talq.h"
+#include "tests/unit/handler_registers.h"
 
 class HandlerCall {
  public:
@@ -17,8 +17,7 @@ class HandlerCall {
 
  private:
   ScriptHandler handler;
-  int count;
-  std::unique_ptr<VarRegister[]> registers;
+  HandlerRegisters registers;
 };
 
 // The module's handler of a row.

@@ -15,6 +15,7 @@
 #include "fuzz/invariants.h"
 #include "module/exports.h"
 #include "tests/unit/allocation.h"
+#include "tests/unit/handler_registers.h"
 #include "tests/unit/values.h"
 
 // A Variable keeps its pointer at an odd multiple of 4. The name is the sanitizer's.
@@ -71,14 +72,9 @@ Variable SelfOf(const devhost::Signature& signature, Random& random, World& worl
   return !constructs && random.Percent(2) ? world.AnyObject() : world.ObjectOf(signature.className);
 }
 
-void CallHandler(const Row& row, Variable& self, std::span<const Variable> args) {
-  // Handlers may look at registers past the script object.
-  constexpr std::size_t kSpareRegisters = 4;
-  const std::unique_ptr<VarRegister[]> registers(new VarRegister[args.size() + 1 + kSpareRegisters]);
-  for (std::size_t i = 0; i < args.size(); ++i) devhost::Assign(registers[i].GetVar(), args[i]);
-  devhost::Assign(registers[args.size()].GetVar(), self);
+void CallHandler(const Row& row, const Variable& self, std::span<const Variable> args) {
   VarRegister result;
-  row.handler(result, registers.get(), static_cast<int>(args.size()) + 1, devhost::CurrentProcessor());
+  HandlerRegisters(args, self).Call(row.handler, result);
 }
 
 // A call as the host resolves it, with arguments for a form that it may not have.

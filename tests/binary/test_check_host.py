@@ -177,7 +177,7 @@ def test_forwarded_and_nameless_exports(tmp_path):
     done = check(path)
     assert done.returncode == 1, done.stderr
     assert "present  HMALLOC  (forwarded to KERNEL32.HeapAlloc)\n" in done.stdout
-    assert done.stdout.endswith("the host exports 2 names and 1 functions without a name\n")
+    assert done.stdout.endswith("names that the host exports: 2; functions without one: 1\n")
 
 
 def test_names_of_every_shape_are_read():

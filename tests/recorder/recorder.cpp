@@ -3,7 +3,7 @@
 namespace recorder {
 namespace {
 
-std::string Count(std::size_t count, const char* what) { return std::to_string(count) + " " + what; }
+std::string Count(const char* what, std::size_t count) { return what + (": " + std::to_string(count)); }
 
 std::string Joined(const auto& lines) {
   std::string text;
@@ -28,9 +28,9 @@ std::vector<std::string> Balance::Problems() const {
       problems.push_back("matrix stack " + gl_trace::Format(gl_trace::Enum{mode}) + " left " + gl_trace::Format(depth) +
                          " deep");
   }
-  if (!contexts.empty()) problems.push_back(Count(contexts.size(), "contexts not deleted"));
-  if (!quadrics.empty()) problems.push_back(Count(quadrics.size(), "quadrics not deleted"));
-  if (!nurbsRenderers.empty()) problems.push_back(Count(nurbsRenderers.size(), "NURBS renderers not deleted"));
+  if (!contexts.empty()) problems.push_back(Count("contexts not deleted", contexts.size()));
+  if (!quadrics.empty()) problems.push_back(Count("quadrics not deleted", quadrics.size()));
+  if (!nurbsRenderers.empty()) problems.push_back(Count("NURBS renderers not deleted", nurbsRenderers.size()));
   return problems;
 }
 

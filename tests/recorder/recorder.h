@@ -86,10 +86,16 @@ struct Recorder {
   // Null without a context, when OpenGL does nothing.
   Selection* CurrentSelection() { return currentContext ? &selections[currentContext] : nullptr; }
 
-  // A fresh non-null handle.
+  // The handle that comes next, and a fresh one; neither is null.
+  template <class Handle>
+  Handle NextHandle() const {
+    return reinterpret_cast<Handle>(std::uintptr_t{0xC001} + static_cast<unsigned>(objectsMade));
+  }
   template <class Handle>
   Handle NewHandle() {
-    return reinterpret_cast<Handle>(std::uintptr_t{0xC000} + static_cast<unsigned>(++objectsMade));
+    const Handle handle = NextHandle<Handle>();
+    ++objectsMade;
+    return handle;
   }
 };
 

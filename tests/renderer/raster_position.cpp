@@ -11,7 +11,8 @@ int main() {
   constexpr unsigned char kBits[64] = {};
   float before[4] = {};
   float after[4] = {};
-  // The renderer's first view is the identity projection, which the eye's distance is outside of.
+  // OpenGL rejects the first frustum and stays at the identity projection, outside of which the viewer would put the
+  // origin.
   renderer.LoadIdentityMatrix();
   for (const int width : {8, 0, 13}) {
     renderer.Put2bBitmap({0, 0, 0, 1}, 0, 0, kBits);

@@ -49,11 +49,6 @@ Bytes Pixels(int width, int height) {
   return pixels;
 }
 
-Bytes RedFirst(Bytes pixels) {
-  for (std::size_t i = 0; i + 2 < pixels.size(); i += 3) std::swap(pixels[i], pixels[i + 2]);
-  return pixels;
-}
-
 // The part of tightly packed pixels that a tile shows.
 Bytes Part(const Bytes& pixels, int width, int column, int row, int columns, int rows) {
   Bytes part;
@@ -80,8 +75,8 @@ TEST_F(BitmapsTest, WideBitmapIsTwoTiles) {
   const auto textures = TexturesOf("glTexSubImage2D");
   EXPECT_EQ(TakeLog(), Drawn(Tile(256, 100, 10, 20, 266, 120, 30) + Tile(44, 100, 266, 20, 310, 120, 30)));
   ASSERT_EQ(textures.size(), 2U);
-  EXPECT_EQ(textures[0], Part(RedFirst(pixels), 300, 0, 0, 256, 100));
-  EXPECT_EQ(textures[1], Part(RedFirst(pixels), 300, 256, 0, 44, 100));
+  EXPECT_EQ(textures[0], Part(RedAndBlueSwapped(pixels), 300, 0, 0, 256, 100));
+  EXPECT_EQ(textures[1], Part(RedAndBlueSwapped(pixels), 300, 256, 0, 44, 100));
 }
 
 TEST_F(BitmapsTest, TilesCoverEverySizeRowByRow) {
@@ -99,7 +94,7 @@ TEST_F(BitmapsTest, TilesCoverEverySizeRowByRow) {
         const auto x = [](int pixel) { return 0.25F + static_cast<float>(pixel) * 1.5F; };
         const auto y = [](int pixel) { return -3.0F + static_cast<float>(pixel) * 1.5F; };
         tiles += Tile(columns, rows, x(column), y(row), x(column + columns), y(row + rows), 1);
-        parts.push_back(Part(RedFirst(pixels), width, column, row, columns, rows));
+        parts.push_back(Part(RedAndBlueSwapped(pixels), width, column, row, columns, rows));
       }
     }
     EXPECT_EQ(TexturesOf("glTexSubImage2D"), parts) << width << " x " << height;

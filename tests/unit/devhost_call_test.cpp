@@ -64,7 +64,7 @@ class DevhostCall : public DevhostTest {
   void SetUp() override {
     DevhostTest::SetUp();
     ASSERT_TRUE(devhost::RegisterMethods(kProbeMethods));
-    devhost::Assign(probe, New("Probe"));
+    devhost::Assign(probe, NewObject("Probe"));
   }
   void TearDown() override {
     probe.Clear();
@@ -79,7 +79,7 @@ class DevhostCall : public DevhostTest {
     return lastCall;
   }
 
-  static Variable Point() { return New("POINT3", {Variable(1), Variable(2), Variable(3)}); }
+  static Variable Point() { return NewObject("POINT3", {Variable(1), Variable(2), Variable(3)}); }
 
   Variable probe;
 };
@@ -88,8 +88,8 @@ TEST_F(DevhostCall, TheOverloadFollowsCountAndKinds) {
   EXPECT_EQ(CalledBy("Move", {Variable(1), Variable(2.5)}), "a3");
   EXPECT_EQ(CalledBy("Move", {Point()}), "b2");
   EXPECT_EQ(CalledBy("Move", {Point(), Variable(1)}), "c3");
-  EXPECT_EQ(CalledBy("Paint", {Array({})}), "d2");
-  EXPECT_EQ(CalledBy("Paint", {Array({}), Text("x"), Variable()}), "d4");
+  EXPECT_EQ(CalledBy("Paint", {Vector({})}), "d2");
+  EXPECT_EQ(CalledBy("Paint", {Vector({}), Text("x"), Variable()}), "d4");
   EXPECT_EQ(CalledBy("Paint", {Text("x"), Variable(1)}), "e3");
 }
 
@@ -101,7 +101,7 @@ TEST_F(DevhostCall, AMisfitSaysWhichFormsThereAre) {
   CalledBy("Paint", {});
   EXPECT_EQ(TakeError(),
             "22 Probe::Paint does not take (). hint: Probe::Paint takes (Vector, ...) or (String, boolean)");
-  CalledBy("Move", {New("ColorRef", {Variable(0)}), Variable(1)});
+  CalledBy("Move", {NewObject("ColorRef", {Variable(0)}), Variable(1)});
   EXPECT_EQ(
       TakeError(),
       "22 Probe::Move does not take (ColorRef, number). hint: Probe::Move takes (number, number) or (POINT3) or (POINT3, int)");
@@ -118,11 +118,11 @@ TEST_F(DevhostCall, UnknownNamesAreErrors) {
   EXPECT_EQ(TakeError(), "21 There is no method \"CalBlack\" in class Probe. hint: did you mean Probe::CallBack?");
   Call(Variable(1), "Move");
   EXPECT_EQ(TakeError(), "21 A number has no method \"Move\".");
-  New("Nowhere");
+  NewObject("Nowhere");
   EXPECT_EQ(TakeError(), "21 There is no class \"Nowhere\".");
-  New("Prob");
+  NewObject("Prob");
   EXPECT_EQ(TakeError(), "21 There is no class \"Prob\". hint: did you mean Probe?");
-  New("");
+  NewObject("");
   EXPECT_EQ(TakeError(), "21 There is no class \"\".");
   CallPlain("nowhere");
   EXPECT_EQ(TakeError(), "21 There is no function \"nowhere\".");
@@ -165,8 +165,8 @@ TEST_F(DevhostCall, AFailedConstructorLeavesTheTarget) {
 }
 
 TEST_F(DevhostCall, ACopyConstructorTakesItsOwnClassAlone) {
-  EXPECT_EQ(devhost::KindOf(New("Probe", {probe})), "Probe");
-  New("Probe", {Point()});
+  EXPECT_EQ(devhost::KindOf(NewObject("Probe", {probe})), "Probe");
+  NewObject("Probe", {Point()});
   EXPECT_EQ(TakeError(), "22 Probe::Probe does not take (POINT3). hint: Probe::Probe takes () or (number) or (copy)");
 }
 

@@ -10,8 +10,8 @@ using devhost::TextOf;
 class DevhostClasses : public DevhostTest {
  protected:
   static Variable MatrixOf(std::initializer_list<std::initializer_list<double>> rows) {
-    Variable matrix =
-        New("Matrix", {Variable(static_cast<int>(rows.size())), Variable(static_cast<int>(rows.begin()->size()))});
+    Variable matrix = NewObject(
+        "Matrix", {Variable(static_cast<int>(rows.size())), Variable(static_cast<int>(rows.begin()->size()))});
     int r = 0;
     for (const auto& row : rows) {
       int c = 0;
@@ -34,7 +34,7 @@ class DevhostClasses : public DevhostTest {
 };
 
 TEST_F(DevhostClasses, VectorsGrowAndShrink) {
-  const Variable vector = New("Vector", {Variable(2)});
+  const Variable vector = NewObject("Vector", {Variable(2)});
   EXPECT_EQ(TextOf(vector), "[nothing, nothing]");
   Call(vector, "Add", {Text("a")});
   Call(vector, "Insert", {Variable(0), Variable(1)});
@@ -43,11 +43,11 @@ TEST_F(DevhostClasses, VectorsGrowAndShrink) {
   Variable copy = Call(vector, "Copy");
   Call(vector, "Resize", {Variable(1)});
   EXPECT_EQ(TextOf(vector), "[1]");
-  EXPECT_EQ(TextOf(New("Vector", {copy})), "[1, nothing, a]");
+  EXPECT_EQ(TextOf(NewObject("Vector", {copy})), "[1, nothing, a]");
   EXPECT_EQ(TextOf(Call(copy, "Size")), "3");
   Call(copy, "Clear");
   EXPECT_EQ(TextOf(copy), "[]");
-  EXPECT_EQ(TextOf(New("Vector")), "[]");
+  EXPECT_EQ(TextOf(NewObject("Vector")), "[]");
   Call(copy, "Remove", {Variable(0)});
   EXPECT_EQ(copy.GetDim(), 0);
   Call(copy, "Insert", {Variable(1), Variable(1)});
@@ -55,14 +55,14 @@ TEST_F(DevhostClasses, VectorsGrowAndShrink) {
 }
 
 TEST_F(DevhostClasses, AVectorTakesItselfAsElement) {
-  Variable vector = Array({Variable(1)});
+  Variable vector = Vector({Variable(1)});
   Call(vector, "Add", {vector[0]});
   Call(vector, "Insert", {Variable(0), vector[0]});
   EXPECT_EQ(TextOf(vector), "[1, 1, 1]");
 }
 
 TEST_F(DevhostClasses, StringsAreBuffers) {
-  Variable buffer = New("String", {Variable(3)});
+  Variable buffer = NewObject("String", {Variable(3)});
   Call(buffer, "SetByte", {Variable(0), Variable(65)});
   Call(buffer, "SetByte", {Variable(3), Variable(65)});
   EXPECT_EQ(TakeError(), "20 Index 3 lies outside the String of 3 bytes.");
@@ -74,16 +74,17 @@ TEST_F(DevhostClasses, StringsAreBuffers) {
 }
 
 TEST_F(DevhostClasses, PointsRectanglesAndColours) {
-  EXPECT_EQ(TextOf(New("POINT3", {Variable(1), Variable(2.5), Variable(3)})), "POINT3(1, 2.5, 3)");
-  EXPECT_EQ(TextOf(New("POINT3", {New("POINT3", {Variable(1), Variable(2), Variable(3)})})), "POINT3(1, 2, 3)");
-  Variable rectangle = New("RECT", {Variable(1), Variable(2), Variable(3), Variable(4)});
+  EXPECT_EQ(TextOf(NewObject("POINT3", {Variable(1), Variable(2.5), Variable(3)})), "POINT3(1, 2.5, 3)");
+  EXPECT_EQ(TextOf(NewObject("POINT3", {NewObject("POINT3", {Variable(1), Variable(2), Variable(3)})})),
+            "POINT3(1, 2, 3)");
+  Variable rectangle = NewObject("RECT", {Variable(1), Variable(2), Variable(3), Variable(4)});
   EXPECT_EQ(static_cast<int>(rectangle(Name("left"))), 1);
   EXPECT_EQ(static_cast<int>(rectangle(Name("top"))), 2);
   EXPECT_EQ(static_cast<int>(rectangle(Name("right"))), 3);
   EXPECT_EQ(static_cast<int>(rectangle(Name("bottom"))), 4);
-  Variable color = New("ColorRef", {Variable(0x12), Variable(0x34), Variable(0x56)});
+  Variable color = NewObject("ColorRef", {Variable(0x12), Variable(0x34), Variable(0x56)});
   EXPECT_EQ(static_cast<int>(color(Name("clrf"))), 0x563412);
-  EXPECT_EQ(static_cast<int>(New("ColorRef", {Variable(0xFF8000)})(Name("clrf"))), 0xFF8000);
+  EXPECT_EQ(static_cast<int>(NewObject("ColorRef", {Variable(0xFF8000)})(Name("clrf"))), 0xFF8000);
 }
 
 TEST_F(DevhostClasses, MatricesInvert) {
@@ -115,7 +116,7 @@ TEST_F(DevhostClasses, MatricesMultiply) {
 }
 
 TEST_F(DevhostClasses, TransformationsMovePoints) {
-  const Variable x = New("POINT3", {Variable(1), Variable(0), Variable(0)});
+  const Variable x = NewObject("POINT3", {Variable(1), Variable(0), Variable(0)});
   const auto number = [](double value) { return Variable(value); };
   EXPECT_EQ(TextOf(Call(CallPlain("TranslationMatrix", {number(1), number(2), number(3)}), "*", {x})),
             "POINT3(2, 2, 3)");
@@ -128,11 +129,11 @@ TEST_F(DevhostClasses, TransformationsMovePoints) {
 }
 
 TEST_F(DevhostClasses, MatricesSurviveWhatScriptsDoToThem) {
-  New("Matrix", {Variable(0), Variable(4)});
+  NewObject("Matrix", {Variable(0), Variable(4)});
   EXPECT_EQ(TakeError(), "20 A Matrix of 0 x 4 cannot be made.");
   Variable matrix = MatrixOf({{1, 2}, {3, 4}});
   EXPECT_EQ(TextOf(matrix), "[1, 2]\n[3, 4]");
-  Variable copy = New("Matrix", {matrix});
+  Variable copy = NewObject("Matrix", {matrix});
   matrix[1] = 5;
   Call(matrix, "Inverse");
   EXPECT_EQ(TakeError(), "20 The rows of the Matrix differ in length.");
@@ -140,18 +141,18 @@ TEST_F(DevhostClasses, MatricesSurviveWhatScriptsDoToThem) {
   copy[0][0] = Name("x");
   Call(copy, "Inverse");
   EXPECT_EQ(TakeError(), "20 A number is needed here, not String.");
-  const Variable square = New("Matrix", {Variable(2), Variable(2)});
+  const Variable square = NewObject("Matrix", {Variable(2), Variable(2)});
   Call(square, "Identity");
   ExpectEntries(square, {{1, 0}, {0, 1}});
 }
 
 TEST_F(DevhostClasses, BitmapsGoThroughPng) {
   const std::string path = testing::TempDir() + "devhost_bitmap.png";
-  const Variable bitmap = New("MBmp", {Variable(3), Variable(2)});
+  const Variable bitmap = NewObject("MBmp", {Variable(3), Variable(2)});
   Call(bitmap, "SetPixel", {Variable(0), Variable(0), Variable(0x0000FF)});  // red, in the lowest row
   Call(bitmap, "SetPixel", {Variable(2), Variable(1), Variable(0x336699)});
   Call(bitmap, "Save", {Text(path)});
-  const Variable loaded = New("MBmp", {Text(path)});
+  const Variable loaded = NewObject("MBmp", {Text(path)});
   std::remove(path.c_str());
   EXPECT_EQ(TextOf(Call(loaded, "GetWidth")), "3");
   EXPECT_EQ(TextOf(Call(loaded, "GetHeight")), "2");
@@ -163,27 +164,27 @@ TEST_F(DevhostClasses, BitmapsGoThroughPng) {
 
 TEST_F(DevhostClasses, BitmapBitsAreBlueGreenRedFromTheLowestRow) {
   Variable bits = Text(std::string_view("\1\2\3\4\5\6", 6));
-  const Variable bitmap = New("MBmp", {Variable(1), Variable(2), bits});
+  const Variable bitmap = NewObject("MBmp", {Variable(1), Variable(2), bits});
   EXPECT_EQ(static_cast<int>(Call(bitmap, "GetPixel", {Variable(0), Variable(0)})), 0x010203);
   EXPECT_EQ(static_cast<int>(Call(bitmap, "GetPixel", {Variable(0), Variable(1)})), 0x040506);
   Variable own = Call(bitmap, "GetDIBits");
   own.GetString()->bytes[0] = 9;
   EXPECT_EQ(static_cast<int>(Call(bitmap, "GetPixel", {Variable(0), Variable(0)})), 0x090203);
   EXPECT_EQ(bits.GetString()->bytes[0], 1);
-  EXPECT_EQ(static_cast<int>(Call(New("MBmp", {bitmap}), "GetPixel", {Variable(0), Variable(0)})), 0x090203);
+  EXPECT_EQ(static_cast<int>(Call(NewObject("MBmp", {bitmap}), "GetPixel", {Variable(0), Variable(0)})), 0x090203);
 }
 
 TEST_F(DevhostClasses, BitmapsRefuseWhatIsNone) {
-  New("MBmp", {Variable(0), Variable(5)});
+  NewObject("MBmp", {Variable(0), Variable(5)});
   EXPECT_EQ(TakeError(), "20 A bitmap of 0 x 5 pixels cannot be made.");
-  New("MBmp", {Variable(100000), Variable(100000)});
+  NewObject("MBmp", {Variable(100000), Variable(100000)});
   EXPECT_EQ(TakeError(), "20 A bitmap of 100000 x 100000 pixels cannot be made.");
-  New("MBmp", {Variable(1), Variable(1), Text("12345")});
+  NewObject("MBmp", {Variable(1), Variable(1), Text("12345")});
   EXPECT_EQ(TakeError(), "20 The bitmap needs 3 bytes of pixels, not 5.");
-  const Variable bitmap = New("MBmp", {Variable(1), Variable(1)});
+  const Variable bitmap = NewObject("MBmp", {Variable(1), Variable(1)});
   Call(bitmap, "GetPixel", {Variable(1), Variable(0)});
   EXPECT_EQ(TakeError(), "20 The pixel (1, 0) lies outside the bitmap of 1 x 1.");
-  New("MBmp", {Text("no/such/file.png")});
+  NewObject("MBmp", {Text("no/such/file.png")});
   EXPECT_EQ(TakeError(), "23 no/such/file.png cannot be opened: No such file or directory.");
   Call(bitmap, "Save", {Text("no/such/file.png")});
   EXPECT_EQ(TakeError(), "23 no/such/file.png cannot be written: No such file or directory.");
@@ -192,7 +193,7 @@ TEST_F(DevhostClasses, BitmapsRefuseWhatIsNone) {
 TEST_F(DevhostClasses, BrokenPngFilesAreNamed) {
   const std::string path = testing::TempDir() + "devhost_broken.png";
   ASSERT_TRUE(devhost::WriteFile(path, "GIF89a"));
-  const Variable bitmap = New("MBmp", {Variable(1), Variable(1)});
+  const Variable bitmap = NewObject("MBmp", {Variable(1), Variable(1)});
   Call(bitmap, "Load", {Text(path)});
   EXPECT_EQ(TakeError(), "23 " + path + " cannot be loaded: it is not a PNG file.");
   ASSERT_TRUE(devhost::WriteFile(path, "\x89PNG\r\n\x1a\nbroken"));
@@ -233,14 +234,14 @@ TEST_F(DevhostClasses, RandomNumbersRepeatFromTheirSeed) {
 
 TEST_F(DevhostClasses, Texts) {
   EXPECT_EQ(TextOf(CallPlain("Length", {Text("abc")})), "3");
-  EXPECT_EQ(TextOf(CallPlain("Length", {Array({Variable(1)})})), "1");
+  EXPECT_EQ(TextOf(CallPlain("Length", {Vector({Variable(1)})})), "1");
   EXPECT_EQ(TextOf(CallPlain("Substring", {Text("abcdef"), Variable(2), Variable(3)})), "cde");
   EXPECT_EQ(TextOf(CallPlain("Substring", {Text("abc"), Variable(-5), Variable(100)})), "abc");
   EXPECT_EQ(TextOf(CallPlain("Find", {Text("abc"), Text("c")})), "2");
   EXPECT_EQ(TextOf(CallPlain("Find", {Text("abc"), Text("x")})), "-1");
   EXPECT_EQ(TextOf(CallPlain("Split", {Text("a,,b"), Text(",")})), "[a, , b]");
   EXPECT_EQ(TextOf(CallPlain("Text", {Variable(1.0 / 3), Variable(2)})), "0.33");
-  EXPECT_EQ(TextOf(CallPlain("Text", {Array({Variable(1)})})), "[1]");
+  EXPECT_EQ(TextOf(CallPlain("Text", {Vector({Variable(1)})})), "[1]");
   CallPlain("Split", {Text("a"), Text("")});
   EXPECT_EQ(TakeError(), "20 The separator of Split must not be empty.");
 }

@@ -3,12 +3,12 @@
 
 #include <gtest/gtest.h>
 
-#include <initializer_list>
 #include <string>
 #include <vector>
 
 #include "devhost/access.h"
 #include "devhost/runtime.h"
+#include "tests/unit/values.h"
 
 // A test on the host's runtime; it fails when an error is raised that it did not take.
 class DevhostTest : public testing::Test {
@@ -31,27 +31,6 @@ class DevhostTest : public testing::Test {
     if (error && !error->hint.empty()) text += " hint: " + error->hint;
     devhost::ClearError();
     return text;
-  }
-
-  // Values: a text, a Vector, an object of a class.
-  static Variable Text(std::string_view text) {
-    Variable value;
-    devhost::AssignText(value, text);
-    return value;
-  }
-
-  static Variable Array(std::initializer_list<Variable> elements) {
-    Variable array;
-    array.Init(TVAR_ARRAY, static_cast<int>(elements.size()));
-    int i = 0;
-    for (const Variable& element : elements) devhost::Assign(array[i++], element);
-    return array;
-  }
-
-  static Variable New(const char* className, std::vector<Variable> args = {}) {
-    Variable object;
-    devhost::Construct(object, className, args);
-    return object;
   }
 
   // What a method, or a plain function, returns; an empty value when it fails.

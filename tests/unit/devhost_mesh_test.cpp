@@ -136,7 +136,7 @@ TEST_F(DevhostMesh, AModuleFindsTheTrianglesBehindIt) {
   };
   const std::string path = testing::TempDir() + "devhost_record.obj";
   ASSERT_TRUE(devhost::WriteFile(path, OnSquare("f 1 2 3 4\n")));
-  Variable mesh = New("Mesh", {Text(path)});
+  Variable mesh = NewObject("Mesh", {Text(path)});
   std::remove(path.c_str());
   const auto* record = static_cast<Record*>(mesh.GetAssID());
   ASSERT_NE(record, nullptr);

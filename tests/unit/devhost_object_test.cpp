@@ -69,7 +69,7 @@ class DevhostObject : public DevhostTest {
 };
 
 TEST_F(DevhostObject, TheDestructorRunsWithTheLastReference) {
-  Variable object = New("Holder");
+  Variable object = NewObject("Holder");
   EXPECT_NE(object.GetAssID(), nullptr);
   Variable other(object);
   object.Clear();
@@ -80,8 +80,8 @@ TEST_F(DevhostObject, TheDestructorRunsWithTheLastReference) {
 }
 
 TEST_F(DevhostObject, AnArrayKeepsItsElementsAlive) {
-  Variable array = Array({New("Holder"), New("Holder")});
-  Variable inner = Array({array});
+  Variable array = Vector({NewObject("Holder"), NewObject("Holder")});
+  Variable inner = Vector({array});
   array.Clear();
   EXPECT_EQ(destroyed, 0);
   inner.Clear();
@@ -107,7 +107,7 @@ TEST_F(DevhostObject, ArraysNestedDeeplyDieInOneFrame) {
 }
 
 TEST_F(DevhostObject, ADestructorCalledByHandLeavesNothingToDestroy) {
-  Variable object = New("Holder");
+  Variable object = NewObject("Holder");
   Call(object, "~Holder");
   EXPECT_EQ(destroyed, 1);
   EXPECT_EQ(object.GetAssID(), nullptr);
@@ -117,7 +117,7 @@ TEST_F(DevhostObject, ADestructorCalledByHandLeavesNothingToDestroy) {
 }
 
 TEST_F(DevhostObject, JoiningAgainReplacesTheNativeObject) {
-  Variable object = New("Holder");
+  Variable object = NewObject("Holder");
   auto first = std::unique_ptr<Native>(static_cast<Native*>(object.GetAssID()));
   auto* second = new Native;
   second->Join(&object, devhost::CurrentProcessor());
@@ -131,8 +131,8 @@ TEST_F(DevhostObject, JoiningAgainReplacesTheNativeObject) {
 }
 
 TEST_F(DevhostObject, ANativeObjectMovesBetweenScriptObjects) {
-  Variable a = New("Holder");
-  Variable b = New("Loose");
+  Variable a = NewObject("Holder");
+  Variable b = NewObject("Loose");
   auto* native = static_cast<Native*>(a.GetAssID());
   native->Join(&b, nullptr);
   EXPECT_EQ(a.GetAssID(), nullptr);
@@ -150,7 +150,7 @@ TEST_F(DevhostObject, JoiningAValueThatIsNoObjectDoesNothing) {
 }
 
 TEST_F(DevhostObject, UnloadingDestroysWhatIsLeft) {
-  const Variable object = New("Holder");
+  const Variable object = NewObject("Holder");
   EXPECT_EQ(Unload(), 0);
   EXPECT_EQ(destroyed, 1);
   EXPECT_EQ(devhost::KindOf(object), "destroyed object");
@@ -160,12 +160,12 @@ TEST_F(DevhostObject, UnloadingDestroysWhatIsLeft) {
 }
 
 TEST_F(DevhostObject, UnloadingTellsWhatIsStillJoined) {
-  Variable living = New("Loose");
+  Variable living = NewObject("Loose");
   Native native;
   native.Join(&living, nullptr);
   Native other;
   {
-    Variable dying = New("Loose");
+    Variable dying = NewObject("Loose");
     other.Join(&dying, nullptr);
   }
   testing::internal::CaptureStderr();
@@ -177,8 +177,8 @@ TEST_F(DevhostObject, UnloadingTellsWhatIsStillJoined) {
 
 TEST_F(DevhostObject, UnloadingEndsObjectsThatHoldEachOther) {
   {
-    Variable a = New("Loose");
-    Variable b = New("Holder");
+    Variable a = NewObject("Loose");
+    Variable b = NewObject("Holder");
     devhost::Assign(devhost::DefineField(a, "other"), b);
     devhost::Assign(devhost::DefineField(b, "other"), a);
   }
@@ -188,7 +188,7 @@ TEST_F(DevhostObject, UnloadingEndsObjectsThatHoldEachOther) {
 }
 
 TEST_F(DevhostObject, AMissingFieldIsReadThroughItsGetter) {
-  Variable object = New("Holder");
+  Variable object = NewObject("Holder");
   EXPECT_EQ(static_cast<float>(object(Token::GetNameID(Name("Red")))), 0.25f);
   EXPECT_EQ(static_cast<float>(object(Name("Red"))), 0.25f);
   object(Name("Green"));
@@ -202,7 +202,7 @@ TEST_F(DevhostObject, AMissingFieldIsReadThroughItsGetter) {
 }
 
 TEST_F(DevhostObject, FieldsArePlaces) {
-  Variable point = New("POINT3");
+  Variable point = NewObject("POINT3");
   point(Name("y")) = 4.5f;
   EXPECT_EQ(static_cast<float>(*devhost::Field(point, "y")), 4.5f);
   EXPECT_EQ(devhost::TextOf(point), "POINT3(0, 4.5, 0)");

@@ -106,7 +106,7 @@ TEST_F(DevhostValue, TextsAreJoined) {
 }
 
 TEST_F(DevhostValue, ObjectsComputeThroughTheirOperatorMethods) {
-  const Variable point = New("POINT3", {Variable(1), Variable(2), Variable(3)});
+  const Variable point = NewObject("POINT3", {Variable(1), Variable(2), Variable(3)});
   EXPECT_EQ(ComputedText(point, Operator::Multiply, Variable(2)), "POINT3(2, 4, 6)");
   EXPECT_EQ(ComputedText(point, Operator::Add, point), "POINT3(2, 4, 6)");
   EXPECT_EQ(ComputedText(point, Operator::Remainder, point), "failed");
@@ -144,11 +144,11 @@ TEST_F(DevhostValue, EqualityIsByValueOrIdentity) {
   EXPECT_TRUE(devhost::Equal(Text("a"), Text("a")));
   EXPECT_FALSE(devhost::Equal(Text("1"), Variable(1)));
   EXPECT_TRUE(devhost::Equal(Variable(), Variable()));
-  const Variable array = Array({Variable(1)});
+  const Variable array = Vector({Variable(1)});
   Variable same;
   devhost::Assign(same, array);
   EXPECT_TRUE(devhost::Equal(array, same));
-  EXPECT_FALSE(devhost::Equal(array, Array({Variable(1)})));
+  EXPECT_FALSE(devhost::Equal(array, Vector({Variable(1)})));
 }
 
 TEST_F(DevhostValue, ByteStringsCarryAZeroPastTheEnd) {
@@ -166,7 +166,7 @@ TEST_F(DevhostValue, ByteStringsCarryAZeroPastTheEnd) {
 }
 
 TEST_F(DevhostValue, ArraysGiveElementsAndScratch) {
-  Variable array = Array({Variable(1), Array({Variable(2), Variable(3)})});
+  Variable array = Vector({Variable(1), Vector({Variable(2), Variable(3)})});
   EXPECT_EQ(array.GetType(), TVAR_ARRAY);
   EXPECT_EQ(array.GetDim(), 2);
   EXPECT_EQ(static_cast<int>(array[1][1]), 3);
@@ -184,7 +184,7 @@ TEST_F(DevhostValue, ArraysGiveElementsAndScratch) {
 }
 
 TEST_F(DevhostValue, AssigningSharesArraysAndCopiesNumbers) {
-  Variable array = Array({Variable(1)});
+  Variable array = Vector({Variable(1)});
   Variable other;
   devhost::Assign(other, array);
   other[0] = 9;
@@ -196,7 +196,7 @@ TEST_F(DevhostValue, AssigningSharesArraysAndCopiesNumbers) {
 }
 
 TEST_F(DevhostValue, ElementsAreRangeChecked) {
-  Variable array = Array({Variable(4)});
+  Variable array = Vector({Variable(4)});
   Variable index(0.0);
   ASSERT_NE(devhost::Element(array, index), nullptr);
   index = 1;
@@ -219,13 +219,13 @@ TEST_F(DevhostValue, TruthAndKinds) {
   EXPECT_TRUE(devhost::IsTrue(Variable(0.5)));
   EXPECT_FALSE(devhost::IsTrue(Text("")));
   EXPECT_TRUE(devhost::IsTrue(Text("0")));
-  EXPECT_FALSE(devhost::IsTrue(Array({})));
-  EXPECT_TRUE(devhost::IsTrue(New("POINT3")));
+  EXPECT_FALSE(devhost::IsTrue(Vector({})));
+  EXPECT_TRUE(devhost::IsTrue(NewObject("POINT3")));
   EXPECT_EQ(KindOf(Variable()), "nothing");
   EXPECT_EQ(KindOf(Variable(1.5f)), "number");
   EXPECT_EQ(KindOf(Text("a")), "String");
-  EXPECT_EQ(KindOf(Array({})), "Vector");
-  EXPECT_EQ(KindOf(New("POINT3")), "POINT3");
+  EXPECT_EQ(KindOf(Vector({})), "Vector");
+  EXPECT_EQ(KindOf(NewObject("POINT3")), "POINT3");
 }
 
 TEST_F(DevhostValue, NumbersPrintShortestAndExact) {
@@ -238,7 +238,7 @@ TEST_F(DevhostValue, NumbersPrintShortestAndExact) {
 }
 
 TEST_F(DevhostValue, AnArrayWithinItselfPrints) {
-  Variable array = Array({Variable(1)});
+  Variable array = Vector({Variable(1)});
   devhost::Assign(array[0], array);
   EXPECT_NE(TextOf(array).find("..."), std::string::npos);
   array[0] = 0;

@@ -52,10 +52,11 @@ std::string LogOf(Call call) {
   return log;
 }
 
-// The handle of the next quadric or NURBS renderer.
-inline std::string NextHandle() {
-  return gl_trace::Format(
-      reinterpret_cast<const void*>(std::uintptr_t{0xC001} + static_cast<unsigned>(recorder::Get().objectsMade)));
+// The handle of the next quadric or NURBS renderer, and lines with it in place of every %.
+inline std::string NextHandle() { return gl_trace::Format(recorder::Get().NextHandle<const void*>()); }
+inline std::string With(const std::string& handle, std::string lines) {
+  for (std::size_t at = lines.find('%'); at != std::string::npos; at = lines.find('%')) lines.replace(at, 1, handle);
+  return lines;
 }
 
 // A renderer that is open but bound to no device, and one that is neither.

@@ -1,8 +1,7 @@
 #include "tests/unit/fixture.h"
 
-#include <memory>
-
 #include "module/exports.h"
+#include "tests/unit/handler_registers.h"
 #include "tests/unit/load_module.h"
 
 namespace {
@@ -40,16 +39,11 @@ std::vector<std::string> ParametersOf(std::string_view signature) {
 }
 
 Variable CallRow(Variable& object, std::string_view name, std::span<const Variable> args) {
-  // Handlers may look at registers past the script object.
-  constexpr std::size_t kSpareRegisters = 4;
   const MethodEntry* row = FindRow(devhost::KindOf(object), name);
   if (!row) return Variable();
-  const std::unique_ptr<VarRegister[]> registers(new VarRegister[args.size() + 1 + kSpareRegisters]);
-  for (std::size_t i = 0; i < args.size(); ++i) devhost::Assign(registers[i].GetVar(), args[i]);
-  devhost::Assign(registers[args.size()].GetVar(), object);
   VarRegister result;
   result = kUntouched;
-  row->handler(result, registers.get(), static_cast<int>(args.size()) + 1, devhost::CurrentProcessor());
+  HandlerRegisters(args, object).Call(row->handler, result);
   return result.GetVar();
 }
 

@@ -11,10 +11,8 @@ namespace {
 
 using GetMatrixTest = ModuleTest;
 
-constexpr Matrix16 kIdentity = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
 // The look-at of a new renderer's viewer.
 constexpr Matrix16 kLook = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, -1000, 1};
-constexpr Matrix16 kCounting = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16};
 
 double Entry(Variable matrix, int row, int column) { return matrix[row][column]; }
 

@@ -10,9 +10,7 @@ namespace {
 using MatrixTest = ModuleTest;
 
 constexpr char kModelView[] = "glMatrixMode(GL_MODELVIEW)";
-constexpr Matrix16 kIdentity = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
 // Column by column, as OpenGL has it.
-constexpr Matrix16 kCounting = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16};
 constexpr char kCountingCall[] = "glMultMatrixd({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16})";
 
 struct MatrixCall {

@@ -15,15 +15,12 @@ constexpr char kCylinder[] = "Cylinder(number, number, number)";
 constexpr char kCylinderSteps[] = "Cylinder(number, number, number, int, int)";
 
 // Polygon mode, set-up, the drawing, in which % is the quadric, and its end.
-std::string Quadric(std::string drawing, const char* polygonMode = kFilled) {
+std::string Quadric(const std::string& drawing, const char* polygonMode = kFilled) {
   const std::string handle = NextHandle();
-  for (std::size_t at = drawing.find('%'); at != std::string::npos; at = drawing.find('%')) {
-    drawing.replace(at, 1, handle);
-  }
   return polygonMode +
          Lines({"gluNewQuadric()", "gluQuadricDrawStyle(" + handle + ", GLU_FILL)",
                 "gluQuadricOrientation(" + handle + ", GLU_OUTSIDE)"}) +
-         drawing + "gluDeleteQuadric(" + handle + ")\n";
+         With(handle, drawing) + "gluDeleteQuadric(" + handle + ")\n";
 }
 
 std::string SphereLines(const char* translation, const char* sphere) {

@@ -22,11 +22,6 @@ Bytes Frame(int count) {
   return bytes;
 }
 
-Bytes SwappedEveryThree(Bytes bytes) {
-  for (std::size_t i = 0; i + 2 < bytes.size(); i += 3) std::swap(bytes[i], bytes[i + 2]);
-  return bytes;
-}
-
 TEST_F(ReadBackTest, BottomRowComesFirstBlueFirst) {
   recorder::Get().answers.frame = Frame(24);
   Variable renderer = OpenRenderer();
@@ -157,7 +152,7 @@ TEST_F(ReadBackTest, NativeCallFillsExactlyItsPixels) {
   const FailingAllocation failing(1);
   renderer.GetDIBits(0, 0, 4, 2, pixels.data() + 1);
   EXPECT_FALSE(failing.Happened());
-  Bytes expected = SwappedEveryThree(Frame(24));
+  Bytes expected = RedAndBlueSwapped(Frame(24));
   expected.insert(expected.begin(), 0xEE);
   expected.push_back(0xEE);
   EXPECT_EQ(pixels, expected);

@@ -62,7 +62,7 @@ TEST_F(RecorderTest, UnbalancedCallsAreProblems) {
   glPopMatrix();
   auto* const context = wglCreateContext(nullptr);
   auto* const quadric = gluNewQuadric();
-  EXPECT_EQ(TheProblems(), Problems({"1 contexts not deleted", "1 quadrics not deleted"}));
+  EXPECT_EQ(TheProblems(), Problems({"contexts not deleted: 1", "quadrics not deleted: 1"}));
   wglDeleteContext(context);
   gluDeleteQuadric(quadric);
   EXPECT_EQ(TheProblems(), Problems());

@@ -29,12 +29,9 @@ Floats From(float first, int count) {
 std::string Brackets(const Floats& numbers) { return gl_trace::Format(std::span<const float>(numbers)); }
 
 // What the renderer begins with, the drawing, in which % is the renderer, and its end.
-std::string Nurbs(std::string drawing) {
+std::string Nurbs(const std::string& drawing) {
   const std::string handle = NextHandle();
-  for (std::size_t at = drawing.find('%'); at != std::string::npos; at = drawing.find('%')) {
-    drawing.replace(at, 1, handle);
-  }
-  return Lines({"gluNewNurbsRenderer()", "gluNurbsCallback(" + handle + ", GLU_ERROR)"}) + drawing +
+  return Lines({"gluNewNurbsRenderer()", "gluNurbsCallback(" + handle + ", GLU_ERROR)"}) + With(handle, drawing) +
          "gluDeleteNurbsRenderer(" + handle + ")\n";
 }
 

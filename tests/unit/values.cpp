@@ -66,6 +66,11 @@ std::vector<float> Counting(int triples) {
   return numbers;
 }
 
+std::vector<unsigned char> RedAndBlueSwapped(std::vector<unsigned char> pixels) {
+  for (std::size_t i = 0; i + 2 < pixels.size(); i += 3) std::swap(pixels[i], pixels[i + 2]);
+  return pixels;
+}
+
 std::vector<float> NumbersOf(Variable vector) {
   std::vector<float> numbers;
   for (int i = 0; i < vector.GetDim(); ++i) numbers.push_back(vector[i]);

@@ -27,12 +27,18 @@ Variable NewObject(std::string_view className, std::vector<Variable> args = {});
 Variable Point3(float x, float y, float z);
 Variable ColorRef(int packed);
 
-// A host Matrix of 4 x 4, and back; the numbers run down its columns.
+// Matrices of 4 x 4, their numbers running down the columns.
+inline constexpr std::array<double, 16> kIdentity = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
+inline constexpr std::array<double, 16> kCounting = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16};
+// A host Matrix, and back.
 Variable MatrixOf(const std::array<double, 16>& entries);
 std::array<double, 16> EntriesOf(Variable matrix);
 
 // Numbers 1, 2, 3, ... for count triples.
 std::vector<float> Counting(int triples);
+
+// Pixels of three bytes with the first and the third changed over.
+std::vector<unsigned char> RedAndBlueSwapped(std::vector<unsigned char> pixels);
 
 // The numbers in a Vector, in a POINT3, in an OglColor; the bytes in a byte string.
 std::vector<float> NumbersOf(Variable vector);
