@@ -96,10 +96,9 @@ void TOpenGL::Close() {
 
 // Notes in which context the selection that begins now writes into the buffer.
 void TOpenGL::EnterSelection() {
-  HGLRC__* const current = wglGetCurrentContext();
-  if (current != selectContext) LeaveSelection();
+  if (selectContext && selectContext != wglGetCurrentContext()) LeaveSelection();
   selectDC = wglGetCurrentDC();
-  selectContext = current;
+  selectContext = wglGetCurrentContext();
 }
 
 // The current context's selection has ended; one that was begun in another context has not.

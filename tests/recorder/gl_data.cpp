@@ -67,7 +67,9 @@ GLuint glGenLists(GLsizei count) {
 
 void glSelectBuffer(GLsizei size, GLuint* buffer) {
   Record("glSelectBuffer", size);
-  if (Selection* selection = Get().CurrentSelection()) selection->buffer = {buffer, static_cast<std::size_t>(size)};
+  Selection* selection = Get().CurrentSelection();
+  // Not while it selects.
+  if (selection && !selection->isOn) selection->buffer = {buffer, static_cast<std::size_t>(size)};
 }
 
 GLint glRenderMode(GLenum mode) {

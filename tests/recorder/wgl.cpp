@@ -44,6 +44,10 @@ HGLRC wglCreateContext(HDC device) {
 BOOL wglDeleteContext(HGLRC context) {
   Record("wglDeleteContext", context);
   if (Get().balance.contexts.erase(context) == 0) Get().balance.faults.emplace_back("deleted a context not its own");
+  if (Get().currentContext == context) {
+    Get().currentDevice = nullptr;
+    Get().currentContext = nullptr;
+  }
   Get().deletedContexts.insert(context);
   Get().selections.erase(context);
   return TRUE;
