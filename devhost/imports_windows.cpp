@@ -48,9 +48,9 @@ std::vector<Import> ImportsOf(HINSTANCE__* module) {
 
 void Redirect(const Import& import, void* function) {
   DWORD protection = 0;
-  VirtualProtect(import.address, sizeof *import.address, PAGE_READWRITE, &protection);
+  VirtualProtect(static_cast<void*>(import.address), sizeof *import.address, PAGE_READWRITE, &protection);
   *import.address = function;
-  VirtualProtect(import.address, sizeof *import.address, protection, &protection);
+  VirtualProtect(static_cast<void*>(import.address), sizeof *import.address, protection, &protection);
 }
 
 }  // namespace devhost

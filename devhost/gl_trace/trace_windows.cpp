@@ -40,18 +40,18 @@ void PrintLine(const std::string& line) {
 namespace devhost {
 
 bool TraceOpenGl(const Module& module) {
-  using namespace gl_trace;
-  for (const Import& import : ImportsOf(module.handle)) {
-    if (!IsTraced(import.library)) continue;
-    const Row* row = FindRow(import.function);
-    if (!row) {
+  const std::vector<Import> imports = ImportsOf(module.handle);
+  return std::all_of(imports.begin(), imports.end(), [&](const Import& import) {
+    if (!gl_trace::IsTraced(import.library)) return true;
+    const gl_trace::Row* row = gl_trace::FindRow(import.function);
+    if (row) {
+      Redirect(import, row->replace(*import.address));
+    } else {
       Raise(kErrorFile,
             module.path + " calls " + import.function + " of " + import.library + ", which cannot be traced.");
-      return false;
     }
-    Redirect(import, row->replace(*import.address));
-  }
-  return true;
+    return row != nullptr;
+  });
 }
 
 }  // namespace devhost
