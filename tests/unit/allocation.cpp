@@ -5,9 +5,7 @@
 #include <new>
 #include <unordered_set>
 
-// The linker's --wrap gives a call of calloc, free or delete the name __wrap_..., and the library's own routine the
-// name
-// __real_....
+// The linker's --wrap gives a call of X the name __wrap_X, and the library's own routine the name __real_X.
 // NOLINTBEGIN(bugprone-reserved-identifier)
 #define WATCH(name, mangled, ...)                      \
   void Real##name(__VA_ARGS__) asm("__real_" mangled); \
