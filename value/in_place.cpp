@@ -24,7 +24,10 @@ void Compute(Variable& result, const Variable& a, const Variable& b) {
 
 template <class Operation>
 void ComputeSameType(Variable& result, const Variable& a, const Variable& b, Computation general) {
-  if (!SameTypeOf(kNumericTypes, a, b)) return general(result, a, b);
+  if (!SameTypeOf(kNumericTypes, a, b)) {
+    general(result, a, b);
+    return;
+  }
   switch (a.type) {
     case TVAR_INT64:
       return Compute<Operation, long long>(result, a, b);

@@ -29,8 +29,9 @@ struct Unwatched {
   Unwatched() = default;
   template <class U>
   explicit(false) Unwatched(const Unwatched<U>& /*other*/) {}
+  // T may be a pointer. NOLINTNEXTLINE(bugprone-sizeof-expression)
   T* allocate(std::size_t count) { return static_cast<T*>(std::malloc(count * sizeof(T))); }
-  void deallocate(T* memory, std::size_t /*count*/) { RealFree(memory); }
+  void deallocate(T* memory, std::size_t /*count*/) { RealFree(static_cast<void*>(memory)); }
   bool operator==(const Unwatched&) const = default;
 };
 
