@@ -228,6 +228,24 @@ TEST_F(SelectionTest, ABeginInAnotherContextEndsTheSelectionWhereItBegan) {
   TakeLog();
 }
 
+TEST_F(SelectionTest, ABeginBehindAContextThatCannotComeBackIsNotedWhereItIs) {
+  Variable open = OpenRenderer();
+  Variable renderer = NewRenderer();
+  const HGLRC context = recorder::Get().currentContext;
+  Call(renderer, "BeginSelection", 1, 1, 4, 4);
+  const HGLRC lost = recorder::Get().NewHandle<HGLRC>();
+  recorder::Get().currentContext = lost;
+  recorder::Get().deletedContexts.insert(lost);
+  Call(renderer, "BeginSelection", 1, 1, 4, 4);
+  EXPECT_EQ(recorder::Get().currentContext, context);
+  EXPECT_TRUE(recorder::Get().CurrentSelection()->isOn);
+  Call(open, "FreeMDC");
+  Call(renderer, "~TOpenGL");
+  EXPECT_FALSE(recorder::Get().selections[context].isOn);
+  TakeLog();
+  recorder::Get().balance.matrixDepth.clear();
+}
+
 TEST_F(SelectionTest, AClosedContextIsNotAskedAgain) {
   Variable renderer = OpenRenderer();
   Call(renderer, "BeginSelection", 1, 1, 4, 4);
