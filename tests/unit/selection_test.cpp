@@ -32,6 +32,12 @@ std::string Ending() {
                 "glRenderMode(GL_RENDER)", "wglGetCurrentContext()"});
 }
 
+// A selection without an end leaves its log and a matrix on the stack.
+void ForgetUnended() {
+  TakeLog();
+  recorder::Get().balance.matrixDepth.clear();
+}
+
 TEST_F(SelectionTest, NamesGoToOpenGLOpenOrNot) {
   for (Variable renderer : {OpenRenderer(), NewRenderer()}) {
     Call(renderer, "InitNameStack");
@@ -178,8 +184,7 @@ TEST_F(SelectionTest, ARendererThatGoesWhileSelectingTakesItsBufferFromOpenGL) {
                               "glGetPointerv(GL_SELECTION_BUFFER_POINTER)", "glRenderMode(GL_RENDER)"}));
   EXPECT_FALSE(recorder::Get().CurrentSelection()->isOn);
   Call(open, "PopName");  // would write into the buffer
-  TakeLog();
-  recorder::Get().balance.matrixDepth.clear();
+  ForgetUnended();
 }
 
 TEST_F(SelectionTest, ItTakesItsBufferFromAContextThatIsNoLongerCurrentToo) {
@@ -192,8 +197,7 @@ TEST_F(SelectionTest, ItTakesItsBufferFromAContextThatIsNoLongerCurrentToo) {
   Call(open, "BindMDC", NewObject("MDC"));
   EXPECT_FALSE(recorder::Get().CurrentSelection()->isOn);
   Call(open, "PopName");
-  TakeLog();
-  recorder::Get().balance.matrixDepth.clear();
+  ForgetUnended();
 }
 
 TEST_F(SelectionTest, AnEndInAnotherContextEndsTheSelectionWhereItBegan) {
@@ -242,8 +246,7 @@ TEST_F(SelectionTest, ABeginBehindAContextThatCannotComeBackIsNotedWhereItIs) {
   Call(open, "FreeMDC");
   Call(renderer, "~TOpenGL");
   EXPECT_FALSE(recorder::Get().selections[context].isOn);
-  TakeLog();
-  recorder::Get().balance.matrixDepth.clear();
+  ForgetUnended();
 }
 
 TEST_F(SelectionTest, AClosedContextIsNotAskedAgain) {
@@ -253,7 +256,7 @@ TEST_F(SelectionTest, AClosedContextIsNotAskedAgain) {
   TakeLog();
   Call(renderer, "~TOpenGL");
   EXPECT_EQ(TakeLog(), "");
-  recorder::Get().balance.matrixDepth.clear();
+  ForgetUnended();
 }
 
 TEST_F(SelectionTest, AContextThatAnotherRendererDeletedCannotBeMadeCurrent) {
@@ -265,7 +268,7 @@ TEST_F(SelectionTest, AContextThatAnotherRendererDeletedCannotBeMadeCurrent) {
   Call(renderer, "~TOpenGL");
   const std::string log = TakeLog();
   EXPECT_EQ(log.find("glRenderMode"), std::string::npos) << log;
-  recorder::Get().balance.matrixDepth.clear();
+  ForgetUnended();
 }
 
 // Another renderer has ended this one's selection with its own, and selects again; a new context may even have the
@@ -280,8 +283,7 @@ TEST_F(SelectionTest, AnothersSelectionGoesOn) {
   Call(renderer, "~TOpenGL");
   EXPECT_TRUE(recorder::Get().CurrentSelection()->isOn);
   Call(open, "EndSelection");
-  TakeLog();
-  recorder::Get().balance.matrixDepth.clear();
+  ForgetUnended();
 }
 
 }  // namespace
