@@ -21,5 +21,7 @@ target_link_options(unit_tests PRIVATE LINKER:--wrap=_Z12GetConnectorv LINKER:--
 foreach(name _Z8HasSsse3v _Z7HasAvx2v _Z9HasAvx512v)
   target_link_options(unit_tests PRIVATE LINKER:--wrap=${name})
 endforeach()
+include(cmake/traced-host-calls.cmake)
+trace_host_calls(unit_tests)
 include(cmake/watched-allocations.cmake)
 watch_allocations(unit_tests)

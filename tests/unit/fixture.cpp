@@ -4,9 +4,7 @@
 #include "tests/unit/handler_registers.h"
 #include "tests/unit/load_module.h"
 
-namespace {
-
-const MethodEntry* FindRow(const std::string& className, std::string_view name) {
+const MethodEntry* RowOf(const std::string& className, std::string_view name) {
   const bool whole = name.ends_with(')');
   const std::string start = className + "::" + std::string(name) + (whole ? "" : "(");
   const MethodEntry* found = nullptr;
@@ -19,8 +17,6 @@ const MethodEntry* FindRow(const std::string& className, std::string_view name) 
   EXPECT_TRUE(found) << "no row " << start;
   return found;
 }
-
-}  // namespace
 
 bool IsUntouched(const Variable& result) { return result.type == TVAR_INT32 && result.slot.int32 == kUntouched; }
 
@@ -39,7 +35,7 @@ std::vector<std::string> ParametersOf(std::string_view signature) {
 }
 
 Variable CallRow(Variable& object, std::string_view name, std::span<const Variable> args) {
-  const MethodEntry* row = FindRow(devhost::KindOf(object), name);
+  const MethodEntry* row = RowOf(devhost::KindOf(object), name);
   if (!row) return Variable();
   VarRegister result;
   result = kUntouched;

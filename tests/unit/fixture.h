@@ -26,8 +26,10 @@ bool IsUntouched(const Variable& result);
 // Parameter kinds of a signature: "number", "refer object Vector"; none for "void".
 std::vector<std::string> ParametersOf(std::string_view signature);
 
-// Calls a handler of the module's table: row `name` of the object's class, written whole ("Box(number, number,
-// number)") or, where all rows of a name share a handler, by the name alone. Returns what the result register holds.
+// A row of the module's table: `name` of the class, written whole ("Box(number, number, number)") or, where all rows of
+// a name share a handler, by the name alone.
+const MethodEntry* RowOf(const std::string& className, std::string_view name);
+// Calls the handler of such a row of the object's class. Returns what the result register holds.
 Variable CallRow(Variable& object, std::string_view name, std::span<const Variable> args);
 template <class... A>
 Variable Call(Variable& object, std::string_view name, const A&... args) {

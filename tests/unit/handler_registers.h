@@ -18,6 +18,10 @@ class HandlerRegisters {
     handler(result, registers.get(), count, devhost::CurrentProcessor());
   }
 
+  // All of the call's, the script object's the last of Count().
+  VarRegister* First() { return registers.get(); }
+  int Count() const { return count; }
+
  private:
   // Handlers may look at registers past the script object.
   static constexpr std::size_t kSpareRegisters = 4;
