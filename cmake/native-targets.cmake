@@ -15,7 +15,7 @@ foreach(name _Z9__AddNumb _Z9__SubNumb _Z9__MulNumb _Z9__DivNumb _Z10__RestNumb 
   target_link_options(unit_tests PRIVATE "LINKER:--wrap=${name}R8VariableRKS_S2_")
 endforeach()
 target_link_options(unit_tests PRIVATE LINKER:--wrap=_Z12GetConnectorv LINKER:--wrap=HMALLOC
-  LINKER:--wrap=_ZN8VariableixEi
+  LINKER:--wrap=_ZN8VariableixEi LINKER:--wrap=_ZN8Variable5ClearEv
   LINKER:--wrap=_ZN7TalqAss10BreakJointEv)
 # tests/unit/processor_limit.cpp makes the processor one that can do less.
 foreach(name _Z8HasSsse3v _Z7HasAvx2v _Z9HasAvx512v)

@@ -13,7 +13,7 @@ unsigned short TopType(TVARTYPE a, TVARTYPE b);
 void Add(Variable& result, const Variable& a, const Variable& b);
 void Sub(Variable& result, const Variable& a, const Variable& b);
 void Mul(Variable& result, const Variable& a, const Variable& b);
-// A zero divisor raises error 10 and leaves a zero of the operands' type.
+// A zero divisor raises error 10 and leaves what the host's Clear leaves, as the operands' type.
 void Div(Variable& result, const Variable& a, const Variable& b);
 // Of integers alone; the remainder has the dividend's sign.
 void Rest(Variable& result, const Variable& a, const Variable& b);

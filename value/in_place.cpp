@@ -9,17 +9,17 @@ namespace {
 
 bool SameTypeOf(int mask, const Variable& a, const Variable& b) { return (a.type & mask) != 0 && a.type == b.type; }
 
-// Empties the result and gives it the operands' type. The operands are read before: either may be the result itself.
-template <class T>
-void Write(Variable& result, TVARTYPE type, T value) {
+// Empties the result and gives it a type. The operands are read before: either may be the result itself.
+void Prepare(Variable& result, TVARTYPE type) {
   result.Clear();
   result.type = type;
-  SetSlot(result, value);
 }
 
 template <class Operation, class T>
 void Compute(Variable& result, const Variable& a, const Variable& b) {
-  Write(result, a.type, Operation::Of(SlotOf<T>(a), SlotOf<T>(b)));
+  const T value = Operation::Of(SlotOf<T>(a), SlotOf<T>(b));
+  Prepare(result, a.type);
+  SetSlot(result, value);
 }
 
 template <class Operation>
@@ -42,12 +42,12 @@ void ComputeSameType(Variable& result, const Variable& a, const Variable& b, Com
   }
 }
 
-// The result is emptied and typed before the divisor is tested.
+// The result is emptied and typed before the divisor is tested, and stays so without a quotient.
 template <class Operation, class T>
 void Divide(Variable& result, const Variable& a, const Variable& b) {
   const T dividend = SlotOf<T>(a);
   const T divisor = SlotOf<T>(b);
-  Write(result, a.type, T{0});
+  Prepare(result, a.type);
   if (divisor == T{0}) {
     TalqError(kDivisionByZero);
   } else {

@@ -85,6 +85,25 @@ TEST_F(ArithmeticTest, SmallestIntegerByMinusOneIsItself) {
   EXPECT_TRUE(Holds(Apply(Rest, Variable(LLONG_MIN), Variable(-1LL)), 0LL));
 }
 
+TEST_F(ArithmeticTest, AZeroDivisorLeavesTheSlotAsClearLeftIt) {
+  constexpr long long kCleared = 0x5A5A5A5A5A5A5A5A;
+  const auto leaves = [](InPlace compute, const Variable& a, const Variable& zero) {
+    Host().clearedSlot = kCleared;
+    const Variable result = Apply(compute, a, zero);
+    Host().clearedSlot = 0;
+    EXPECT_EQ(TakeError(), "10 Division by zero.");
+    EXPECT_EQ(result.type, a.type);
+    EXPECT_EQ(result.slot.int64, kCleared) << a.type;
+  };
+  for (const InPlace compute : {Div, Rest}) {
+    leaves(compute, Byte(6), Byte(0));
+    leaves(compute, Variable(6), Variable(0));
+    leaves(compute, Variable(6LL), Variable(0LL));
+  }
+  leaves(Div, Variable(6.0F), Variable(0.0F));
+  leaves(Div, Variable(6.0), Variable(0.0));
+}
+
 TEST_F(ArithmeticTest, ZeroDivisorsRaiseAndLeaveAZeroOfTheType) {
   const auto check = [](InPlace compute, const Variable& a, const Variable& zero) {
     const Variable result = Apply(compute, a, zero);

@@ -48,6 +48,13 @@ Variable& WatchedElement(Variable* vector, int index) {
   return RealElement(vector, index);
 }
 
+void RealClear(Variable*) asm("__real__ZN8Variable5ClearEv");
+void WatchedClear(Variable*) asm("__wrap__ZN8Variable5ClearEv");
+void WatchedClear(Variable* value) {
+  RealClear(value);
+  value->slot.int64 = Host().clearedSlot;
+}
+
 void RealBreakJoint(TalqAss*) asm("__real__ZN7TalqAss10BreakJointEv");
 void WatchedBreakJoint(TalqAss*) asm("__wrap__ZN7TalqAss10BreakJointEv");
 void WatchedBreakJoint(TalqAss* native) {
