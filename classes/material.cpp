@@ -6,8 +6,7 @@
 
 struct MaterialLayout {
   static_assert(sizeof(OGLMaterial) == 96);
-  static_assert(offsetof(OGLMaterial, frontAmbient) == 24 && offsetof(OGLMaterial, frontEmission) == 48);
-  static_assert(offsetof(OGLMaterial, backAmbient) == 56 && offsetof(OGLMaterial, backEmission) == 80);
+  static_assert(sizeof(OGLMaterial::components) == 64 && offsetof(OGLMaterial, components) == 24);
   static_assert(offsetof(OGLMaterial, frontShininess) == 88 && offsetof(OGLMaterial, backShininess) == 92);
 };
 
@@ -21,11 +20,6 @@ constexpr unsigned kParameters[] = {GL_AMBIENT, GL_DIFFUSE, GL_SPECULAR, GL_EMIS
 unsigned Face(Flag front) { return front ? GL_FRONT : GL_BACK; }
 
 }  // namespace
-
-OGLMaterial::Component OGLMaterial::* const OGLMaterial::kComponents[] = {
-    &OGLMaterial::frontAmbient, &OGLMaterial::frontDiffuse, &OGLMaterial::frontSpecular, &OGLMaterial::frontEmission,
-    &OGLMaterial::backAmbient,  &OGLMaterial::backDiffuse,  &OGLMaterial::backSpecular,  &OGLMaterial::backEmission,
-};
 
 OGLMaterial::OGLMaterial(float red, float green, float blue, float alpha) {
   Create({{kAmbientShare * red, kAmbientShare * green, kAmbientShare * blue, alpha},
@@ -45,42 +39,44 @@ OGLMaterial::OGLMaterial(const OGLColor& ambient, const OGLColor& diffuse, const
 OGLMaterial::OGLMaterial(const OGLMaterial& other) : TalqAss() { CopyComponents(other); }
 
 OGLMaterial& OGLMaterial::operator=(const OGLMaterial& other) {
-  if (this != &other) CopyComponents(other);
+  if (this == &other) return *this;
+  DeleteComponents();
+  CopyComponents(other);
   return *this;
 }
 
-OGLMaterial::~OGLMaterial() = default;
+OGLMaterial::~OGLMaterial() { DeleteComponents(); }
+
+void OGLMaterial::DeleteComponents() {
+  for (auto& component : components) component.reset();
+}
 
 void OGLMaterial::Create(const float (&colors)[kKinds][4]) {
   for (const Flag front : {kOn, kOff}) {
     for (int kind = 0; kind < kKinds; ++kind) {
       const float* color = colors[kind];
-      (this->*kComponents[(front ? 0 : kKinds) + kind])
-          .reset(new (std::nothrow)
-                     OGLMaterialColor(kParameters[kind], color[0], color[1], color[2], color[3], Face(front)));
+      components[Index(static_cast<Kind>(kind), front)].reset(
+          new (std::nothrow) OGLMaterialColor(kParameters[kind], color[0], color[1], color[2], color[3], Face(front)));
     }
   }
 }
 
 void OGLMaterial::CopyComponents(const OGLMaterial& other) {
-  for (auto component : kComponents) {
-    const OGLMaterialColor* source = (other.*component).get();
-    (this->*component).reset(source ? new (std::nothrow) OGLMaterialColor(*source) : nullptr);
+  for (int i = 0; i < kComponents; ++i) {
+    if (other.components[i]) components[i].reset(new (std::nothrow) OGLMaterialColor(*other.components[i]));
   }
   frontShininess = other.frontShininess;
   backShininess = other.backShininess;
 }
 
 void OGLMaterial::SetComponent(Kind kind, float red, float green, float blue, float alpha, Flag front) {
-  OGLMaterialColor* component = (this->*kComponents[(front ? 0 : kKinds) + kind]).get();
+  const auto& component = components[Index(kind, front)];
   if (component) component->Set(kParameters[kind], red, green, blue, alpha, Face(front));
 }
 
 OGLColor OGLMaterial::GetComponent(Kind kind, Flag front) const {
-  const OGLMaterialColor* ofFront = (this->*kComponents[kind]).get();
-  const OGLMaterialColor* ofBack = (this->*kComponents[kKinds + kind]).get();
-  if (!ofFront || !ofBack) return {};
-  return front ? *ofFront : *ofBack;
+  if (!components[Index(kind, kOn)] || !components[Index(kind, kOff)]) return {};
+  return *components[Index(kind, front)];
 }
 
 void OGLMaterial::SetColor(float red, float green, float blue, float alpha, Flag front) {
@@ -111,9 +107,8 @@ OGLColor OGLMaterial::GetEmission(Flag front) const { return GetComponent(kEmiss
 float OGLMaterial::GetShininess(Flag front) const { return front ? frontShininess : backShininess; }
 
 void OGLMaterial::Apply() const {
-  for (auto component : kComponents) {
-    const OGLMaterialColor* color = (this->*component).get();
-    if (color) color->Apply();
+  for (const auto& component : components) {
+    if (component) component->Apply();
   }
   glMaterialf(GL_FRONT, GL_SHININESS, frontShininess);
   glMaterialf(GL_BACK, GL_SHININESS, backShininess);

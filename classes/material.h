@@ -18,6 +18,7 @@ class OGLMaterial : public TalqAss {
   // Copies the components and both shininess values; the association with a script object is never copied.
   OGLMaterial(const OGLMaterial& other);
   OGLMaterial& operator=(const OGLMaterial& other);
+  // The components go in the order in which they are stored.
   ~OGLMaterial() override;
 
   // Diffuse 0.9 x, ambient 0.4 x, specular 1 x and emission 0 x the colour, on one face. Required: unlike the
@@ -44,28 +45,22 @@ class OGLMaterial : public TalqAss {
 
  private:
   friend struct MaterialLayout;
-  using Component = std::unique_ptr<OGLMaterialColor>;
-  // In the order in which the components of a face are stored.
+  // The components of a face, in the order in which they are stored.
   enum Kind { kAmbient, kDiffuse, kSpecular, kEmission };
   static constexpr int kKinds = 4;
-  // The eight components in the order in which they are stored and applied.
-  static Component OGLMaterial::* const kComponents[2 * kKinds];
+  static constexpr int kComponents = 2 * kKinds;
 
   // Creates the components: both faces get the four colours, given in the order of Kind.
   void Create(const float (&colors)[kKinds][4]);
   // What the other lacks is absent afterwards.
   void CopyComponents(const OGLMaterial& other);
+  void DeleteComponents();
+  static int Index(Kind kind, Flag front) { return (front ? 0 : kKinds) + kind; }
   void SetComponent(Kind kind, float red, float green, float blue, float alpha, Flag front);
   OGLColor GetComponent(Kind kind, Flag front) const;
 
-  Component frontAmbient;
-  Component frontDiffuse;
-  Component frontSpecular;
-  Component frontEmission;
-  Component backAmbient;
-  Component backDiffuse;
-  Component backSpecular;
-  Component backEmission;
+  // Those of the front, then those of the back: the order in which they are created, copied, applied and deleted.
+  std::unique_ptr<OGLMaterialColor> components[kComponents];
   float frontShininess = 60.0F;
   // Required: the faces differ.
   float backShininess = 120.0F;

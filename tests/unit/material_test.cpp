@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "tests/unit/fixture.h"
+#include "tests/unit/host_trace.h"
 
 namespace {
 
@@ -93,6 +94,31 @@ TEST_F(MaterialTest, CopyHasItsOwnComponents) {
   for (const char* kind : kKinds) ExpectFaces(copy, kind, {0.1F, 0.2F, 0.3F, 0.4F}, {0.5F, 0.6F, 0.7F, 0.8F});
   EXPECT_EQ(Shininess(copy, true), 3.0F);
   EXPECT_EQ(Shininess(copy, false), 4.0F);
+}
+
+// The log of natives from one to the other: "TalqAss(1)" and so on.
+std::string Natives(const char* what, int from, int to) {
+  std::string lines;
+  for (int i = from; i <= to; ++i) lines += Line(what, i) + "\n";
+  return lines;
+}
+
+TEST_F(MaterialTest, ComponentsGoInTheOrderInWhichTheyCame) {
+  const HostTrace trace;
+  {
+    const OGLMaterial material(0.1F, 0.2F, 0.3F, 1.0F);
+    EXPECT_EQ(TakeLog(), Natives("TalqAss", 0, 8));
+  }
+  EXPECT_EQ(TakeLog(), Natives("~TalqAss", 1, 8) + Natives("~TalqAss", 0, 0));
+}
+
+TEST_F(MaterialTest, AssignmentDeletesAllBeforeItCopies) {
+  const OGLMaterial source(0.5F, 0.6F, 0.7F, 1.0F);
+  const HostTrace trace;
+  OGLMaterial target(0.1F, 0.2F, 0.3F, 1.0F);
+  TakeLog();
+  target = source;
+  EXPECT_EQ(TakeLog(), Natives("~TalqAss", 1, 8) + Natives("TalqAss", 9, 16));
 }
 
 TEST_F(MaterialTest, NativeAssignmentCopiesAllAndToleratesItself) {
