@@ -86,41 +86,11 @@ void TOpenGL::Close() {
   if (renderContext) {
     wglMakeCurrent(previousDC, previousContext);
     wglDeleteContext(renderContext);
-    if (selectContext == renderContext) selectContext = nullptr;
   }
   deviceContext = nullptr;
   previousDC = nullptr;
   renderContext = nullptr;
   previousContext = nullptr;
-}
-
-// Notes in which context the selection that begins now writes into the buffer.
-void TOpenGL::EnterSelection() {
-  if (selectContext && selectContext != wglGetCurrentContext()) LeaveSelection();
-  selectDC = wglGetCurrentDC();
-  selectContext = wglGetCurrentContext();
-}
-
-// The current context's selection has ended; one that was begun in another context has not.
-void TOpenGL::ExitSelection() {
-  if (wglGetCurrentContext() == selectContext) selectContext = nullptr;
-  LeaveSelection();
-}
-
-// Ends the selection that writes into the buffer, wherever it runs: when the renderer is gone or another context has
-// become current, nothing else would keep OpenGL from writing there.
-void TOpenGL::LeaveSelection() {
-  if (!selectContext) return;
-  HDC__* const device = wglGetCurrentDC();
-  HGLRC__* const context = wglGetCurrentContext();
-  if (context == selectContext || wglMakeCurrent(selectDC, selectContext)) {
-    // A new context may have the handle of one that was deleted.
-    void* buffer = nullptr;
-    glGetPointerv(GL_SELECTION_BUFFER_POINTER, &buffer);
-    if (buffer == selectBuffer.data()) glRenderMode(GL_RENDER);
-    if (context != selectContext) wglMakeCurrent(device, context);
-  }
-  selectContext = nullptr;
 }
 
 void TOpenGL::SwapBuffers() const {

@@ -10,7 +10,6 @@ void TOpenGL::PopName() const { glPopName(); }
 void TOpenGL::LoadName(int name) const { glLoadName(static_cast<GLuint>(name)); }
 
 void TOpenGL::BeginSelection(int x, int y, int width, int height) {
-  EnterSelection();
   glSelectBuffer(static_cast<GLsizei>(selectBuffer.size()), selectBuffer.data());
   glRenderMode(GL_SELECT);
   GLint current[4] = {};
@@ -37,7 +36,14 @@ std::optional<int> TOpenGL::EndSelection() {
   glPopMatrix();
   glMatrixMode(GL_MODELVIEW);
   glFlush();
-  const int hits = glRenderMode(GL_RENDER);
-  ExitSelection();
-  return hits;
+  return glRenderMode(GL_RENDER);
+}
+
+// Before the renderer goes, or OpenGL would write hits into memory that is no longer there. Another renderer's
+// selection goes on.
+void TOpenGL::TakeBackSelectBuffer() const {
+  if (nameDepth == 0) return;
+  void* buffer = nullptr;
+  glGetPointerv(GL_SELECTION_BUFFER_POINTER, &buffer);
+  if (buffer == selectBuffer.data()) glRenderMode(GL_RENDER);
 }

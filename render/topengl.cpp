@@ -5,7 +5,7 @@
 #include "classes/gl.h"
 
 struct RendererLayout {
-  static_assert(sizeof(TOpenGL) == 2416);
+  static_assert(sizeof(TOpenGL) == 2400);
   static_assert(offsetof(TOpenGL, doubleBuffer) == 24 && offsetof(TOpenGL, clearColor) == 40);
   static_assert(offsetof(TOpenGL, viewerEye) == 80 && offsetof(TOpenGL, viewerUp) == 112);
   static_assert(offsetof(TOpenGL, lights) == 128 && offsetof(TOpenGL, fog) == 176);
@@ -20,6 +20,8 @@ struct RendererLayout {
 TOpenGL::TOpenGL() = default;
 
 TOpenGL::~TOpenGL() {
-  if (renderContext) Close();
-  LeaveSelection();
+  TakeBackSelectBuffer();
+  if (!renderContext) return;
+  Close();
+  TakeBackSelectBuffer();
 }

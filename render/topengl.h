@@ -40,7 +40,8 @@ class TOpenGL : public TalqAss {
   TOpenGL();
   TOpenGL(const TOpenGL&) = delete;
   TOpenGL& operator=(const TOpenGL&) = delete;
-  // Closes, and ends a selection that is still running, in whatever context.
+  // Closes. OpenGL may still be selecting into the buffer that goes with the renderer: that selection ends, if it runs
+  // in the context that is current before or after closing.
   ~TOpenGL() override;
 
   // ---- Context (context.cpp)
@@ -191,8 +192,8 @@ class TOpenGL : public TalqAss {
   // Tests neither whether the renderer is open nor whether it is selecting already; changes the projection until
   // EndSelection.
   void BeginSelection(int x, int y, int width, int height);
-  // Ends selecting in the current context, and in the one in which it began. The number of hit records in the select
-  // buffer, -1 when they did not fit; nothing, with OGL_NO_SELECTION_MODE raised, when no selection was begun.
+  // Ends selecting in the current context. The number of hit records in the select buffer, -1 when they did not fit;
+  // nothing, with OGL_NO_SELECTION_MODE raised, when no selection was begun.
   std::optional<int> EndSelection();
   // Hit records one behind the other, as glSelectBuffer lays them out: how many names, least and greatest depth (0 to
   // 2^32 - 1), the names, the lowest first.
@@ -306,9 +307,7 @@ class TOpenGL : public TalqAss {
 
   void OpenWith(unsigned flags, HDC__* device, const ClientRect& client);
   void RememberCurrent(HDC__* device);
-  void EnterSelection();
-  void ExitSelection();
-  void LeaveSelection();
+  void TakeBackSelectBuffer() const;
   void ApplyInitialState() const;
   void ApplyViewport() const;
   void ApplyShading() const;
@@ -346,11 +345,14 @@ class TOpenGL : public TalqAss {
   ClientRect clientRect{};
   // Lies inside the object: OpenGL keeps its address while it selects.
   std::array<unsigned, 512> selectBuffer{};
+  // Counts selections, not names: those begun and not ended.
   int nameDepth = 0;
   Flag useAccelerator = kOff;
   // Of the last open; BindMDC asks for the same.
   unsigned pixelFormatFlags = 0;
-  // Whose selection writes into the buffer; null when none does.
-  HDC__* selectDC = nullptr;
-  HGLRC__* selectContext = nullptr;
+};
+
+template <>
+struct ScriptClass<TOpenGL> {
+  static constexpr char kName[] = "TOpenGL";
 };
