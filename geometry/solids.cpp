@@ -73,7 +73,7 @@ void TOpenGL::BoxAt(const OGLPoint& corner, float sizeX, float sizeZ, float size
 void TOpenGL::Torus(float ringRadius, int segments, float tubeRadius, int sides) const {
   if (!CanDraw()) return;
   ApplyPolygonMode();
-  if (segments < 1) return;
+  if (segments < 1 || sides < 1) return;
   Array<Angle> ring(segments);
   if (!ring) return;
   for (int segment = 0; segment < segments; ++segment)

@@ -41,7 +41,7 @@ void TOpenGL::GetDIBits(float x, float y, int width, int height, unsigned char* 
   const std::size_t bytes = rowBytes * static_cast<std::size_t>(height);
   // The caller's length is an int, which has wrapped for larger frames.
   if (bytes > INT_MAX) return;
-  if (rowBytes % 4 == 0) {
+  if (rowBytes % 4 == 0 || bytes == 0) {
     glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
     glReadPixels(Truncate(x), Truncate(y), width, height, GL_RGB, GL_UNSIGNED_BYTE, pixels);
   } else {

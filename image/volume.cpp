@@ -17,8 +17,9 @@ struct AxisWalk {
   int step;
 };
 
-AxisWalk Ascending(int size, int step) { return {0, size > 0 ? (size - 1) / step + 1 : 0, step}; }
-AxisWalk Descending(int size, int step) { return {size - 1, size > 0 ? (size - 1) / step + 1 : 0, -step}; }
+// All of an axis of at least one voxel.
+AxisWalk Ascending(int size, int step) { return {0, (size - 1) / step + 1, step}; }
+AxisWalk Descending(int size, int step) { return {size - 1, (size - 1) / step + 1, -step}; }
 
 float Unit(unsigned char byte) { return static_cast<float>(byte) * kByteToUnit; }
 
@@ -30,7 +31,7 @@ struct IndexedVolume {
   const unsigned char* blue;
   const unsigned char* alpha;
 
-  static constexpr std::ptrdiff_t kVoxelBytes = 1;
+  static constexpr std::size_t kVoxelBytes = 1;
 
   unsigned char Opacity(const unsigned char* voxel) const { return alpha[*voxel]; }
   void EmitColor(const unsigned char* voxel, unsigned char opacity) const {
@@ -44,7 +45,7 @@ struct ColorVolume {
   const unsigned char* alpha;
   int threshold;
 
-  static constexpr std::ptrdiff_t kVoxelBytes = 3;
+  static constexpr std::size_t kVoxelBytes = 3;
 
   unsigned char Opacity(const unsigned char* voxel) const {
     const int blue = voxel[0];
@@ -65,9 +66,11 @@ struct VolumeWalk {
   AxisWalk loops[3];
 };
 
-// Slices along the axis, stepped, in the direction; nothing for an axis or direction that does not exist.
+// Slices along the axis, stepped, in the direction; nothing for an axis or direction that does not exist, or where
+// there is no voxel.
 std::optional<VolumeWalk> WalkOf(const int (&sizes)[3], int axis, int direction, int step) {
   if (axis < 0 || axis > 2 || direction < 0 || direction > 1 || step < 1) return std::nullopt;
+  if (sizes[0] < 1 || sizes[1] < 1 || sizes[2] < 1) return std::nullopt;
   const int middle = axis == 2 ? 1 : 2;
   const int inner = axis == 0 ? 1 : 0;
   // Required: only the descending walk along z turns its inner loops round.
@@ -79,21 +82,24 @@ std::optional<VolumeWalk> WalkOf(const int (&sizes)[3], int axis, int direction,
 
 template <class Volume>
 void EmitVoxels(const Volume& volume, const int (&sizes)[3], const VolumeWalk& walk) {
-  const std::ptrdiff_t row = Volume::kVoxelBytes * sizes[0];
-  const std::ptrdiff_t strides[3] = {Volume::kVoxelBytes, row, row * sizes[1]};
+  // Offsets of voxels that there are fit; those of sizes that no memory holds wrap and are not used.
+  const std::size_t row = Volume::kVoxelBytes * static_cast<std::size_t>(sizes[0]);
+  const std::size_t strides[3] = {Volume::kVoxelBytes, row, row * static_cast<std::size_t>(sizes[1])};
   const float center[3] = {static_cast<float>(sizes[0]) * 0.5F, static_cast<float>(sizes[1]) * 0.5F,
                            static_cast<float>(sizes[2]) * 0.5F};
   const auto& [outer, middle, inner] = walk.loops;
   const auto& [outerAxis, middleAxis, innerAxis] = walk.axes;
-  const std::ptrdiff_t innerStride = strides[innerAxis] * inner.step;
+  const std::size_t innerStride = strides[innerAxis] * static_cast<std::size_t>(inner.step);
   int at[3];
   for (int i = 0; i < outer.count; ++i) {
     at[outerAxis] = outer.first + i * outer.step;
     for (int j = 0; j < middle.count; ++j) {
       at[middleAxis] = middle.first + j * middle.step;
-      const unsigned char* voxel = volume.data + at[outerAxis] * strides[outerAxis] +
-                                   at[middleAxis] * strides[middleAxis] + inner.first * strides[innerAxis];
-      for (int k = 0; k < inner.count; ++k, voxel += innerStride) {
+      std::size_t offset = static_cast<std::size_t>(at[outerAxis]) * strides[outerAxis] +
+                           static_cast<std::size_t>(at[middleAxis]) * strides[middleAxis] +
+                           static_cast<std::size_t>(inner.first) * strides[innerAxis];
+      for (int k = 0; k < inner.count; ++k, offset += innerStride) {
+        const unsigned char* voxel = volume.data + offset;
         const unsigned char opacity = volume.Opacity(voxel);
         if (opacity == 0) continue;
         at[innerAxis] = inner.first + k * inner.step;

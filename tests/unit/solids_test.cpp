@@ -129,6 +129,16 @@ TEST_F(SolidsTest, TorusWithoutSegmentsOrSidesDrawsNoVertex) {
   }
 }
 
+TEST_F(SolidsTest, TorusWithoutSidesComputesNothing) {
+  Variable renderer = OpenRenderer();
+  for (const int sides : {0, -1}) {
+    const FailingAllocation failure(1);
+    Call(renderer, "Torus", 2.0F, 2147483647, 1.0F, sides);
+    EXPECT_FALSE(failure.Happened()) << sides;
+    EXPECT_EQ(TakeLog(), kFilled);
+  }
+}
+
 TEST_F(SolidsTest, NothingIsDrawnUnlessOpenAndBound) {
   for (Variable& renderer : UndrawableRenderers()) {
     Call(renderer, kBox, 1, 2, 3);

@@ -1,5 +1,6 @@
 // Volumes as display lists of translucent points.
 #include <array>
+#include <climits>
 #include <cstdlib>
 #include <string>
 #include <vector>
@@ -168,8 +169,17 @@ TEST_F(VolumeTest, OtherModesAxesAndDirectionsGiveTheEmptyList) {
 }
 
 TEST_F(VolumeTest, EmptyAndNegativeSizesGiveTheEmptyList) {
-  for (const auto& [width, height, depth] : std::initializer_list<std::array<int, 3>>{
-           {0, 3, 4}, {2, 0, 4}, {2, 3, 0}, {-2, 3, 4}, {2, -3, 4}, {2, 3, -4}, {-2, -3, -4}}) {
+  for (const auto& [width, height, depth] : std::initializer_list<std::array<int, 3>>{{0, 3, 4},
+                                                                                      {2, 0, 4},
+                                                                                      {2, 3, 0},
+                                                                                      {-2, 3, 4},
+                                                                                      {2, -3, 4},
+                                                                                      {2, 3, -4},
+                                                                                      {-2, -3, -4},
+                                                                                      {INT_MIN, INT_MIN, INT_MIN},
+                                                                                      {INT_MAX, INT_MAX, 0},
+                                                                                      {0, INT_MAX, INT_MAX},
+                                                                                      {INT_MAX, INT_MIN, INT_MAX}}) {
     volume.width = width;
     volume.height = height;
     volume.depth = depth;
