@@ -1,6 +1,7 @@
 // An RGBA colour that can be joined to a script object.
 #pragma once
 
+#include "binding/native.h"
 #include "host/talq.h"
 
 // Four floats, nominally 0 to 1, stored and passed to OpenGL as given: nothing clamps them. They lie one behind the
@@ -48,4 +49,10 @@ class OGLColor : public TalqAss {
   float green = 1.0F;
   float blue = 1.0F;
   float alpha = 1.0F;
+};
+
+template <>
+struct ScriptClass<OGLColor> {
+  // Required: "OglObject" is kept behind the name and used by nothing.
+  static constexpr char kName[] = "OglColor\0OglObject";
 };

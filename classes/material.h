@@ -65,3 +65,8 @@ class OGLMaterial : public TalqAss {
   // Required: the faces differ.
   float backShininess = 120.0F;
 };
+
+template <>
+struct ScriptClass<OGLMaterial> {
+  static constexpr char kName[] = "OglMaterial";
+};

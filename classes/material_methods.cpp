@@ -1,33 +1,36 @@
 #include "classes/material_methods.h"
 
-#include "binding/method.h"
-#include "classes/material.h"
+#include <new>
 
 namespace {
 
 using Setter = void (OGLMaterial::*)(float red, float green, float blue, float alpha, Flag front);
 
+Flag NextFace(ScriptCall& call) { return call.NextFlag() ? kOn : kOff; }
+
 // The form of four numbers and an optional face selector, which the caller found to be the one.
 template <Setter set>
-void SetFromNumbers(OGLMaterial& material, VarRegister* args, int argc) {
-  const float color[4] = {args[0], args[1], args[2], args[3]};
-  const auto apply = [&](Flag front) { (material.*set)(color[0], color[1], color[2], color[3], front); };
-  if (argc > 5) {
-    apply(args[4].IsTrue() ? kOn : kOff);
+void SetFromNumbers(OGLMaterial& material, ScriptCall& call) {
+  const float red = call.NextNumber();
+  const float green = call.NextNumber();
+  const float blue = call.NextNumber();
+  const float alpha = call.NextNumber();
+  if (call.Count() > 4) {
+    (material.*set)(red, green, blue, alpha, NextFace(call));
   } else {
-    apply(kOn);
-    apply(kOff);
+    (material.*set)(red, green, blue, alpha, kOn);
+    (material.*set)(red, green, blue, alpha, kOff);
   }
 }
 
 // The form of an OglColor and an optional face selector.
 template <Setter set>
-void SetFromColor(OGLMaterial& material, VarRegister* args, int argc) {
-  const OGLColor* color = Native<OGLColor>(args[0]);
+void SetFromColor(OGLMaterial& material, ScriptCall& call) {
+  const auto* color = call.NextNative<OGLColor>();
   if (!color) return;
   const auto apply = [&](Flag front) { (material.*set)(color->red, color->green, color->blue, color->alpha, front); };
-  if (argc > 2) {
-    apply(args[1].IsTrue() ? kOn : kOff);
+  if (call.Count() > 1) {
+    apply(NextFace(call));
   } else {
     // Required: back before front, unlike the number form.
     apply(kOff);
@@ -36,47 +39,43 @@ void SetFromColor(OGLMaterial& material, VarRegister* args, int argc) {
 }
 
 template <Setter set>
-void SetEitherWay(VarRegister* args, int argc) {
-  OGLMaterial* self = Self<OGLMaterial>(args, argc);
-  if (!self) return;
-  if (argc < 5) {
-    SetFromColor<set>(*self, args, argc);
+void SetEitherWay(OGLMaterial& self, ScriptCall& call) {
+  if (call.Count() < 4) {
+    SetFromColor<set>(self, call);
   } else {
-    SetFromNumbers<set>(*self, args, argc);
+    SetFromNumbers<set>(self, call);
   }
 }
 
 }  // namespace
 
-void ConstructDefaultMaterial(VarRegister& /*result*/, VarRegister* args, int argc, Processor* processor) {
-  JoinNew(new (std::nothrow) OGLMaterial(0.7F, 0.7F, 0.7F, 1.0F), args[argc - 1], processor);
+void script::ConstructDefaultMaterial(ScriptCall& call) {
+  Variable* object = call.Object();
+  Join(new (std::nothrow) OGLMaterial(0.7F, 0.7F, 0.7F, 1.0F), object, call.Interpreter());
 }
 
-void SetMaterialColor(VarRegister& /*result*/, VarRegister* args, int argc, Processor* /*processor*/) {
-  OGLMaterial* self = Self<OGLMaterial>(args, argc);
-  if (self) SetFromNumbers<&OGLMaterial::SetColor>(*self, args, argc);
+void script::SetMaterialColor(OGLMaterial& self, ScriptCall& call) {
+  SetFromNumbers<&OGLMaterial::SetColor>(self, call);
 }
-void SetMaterialDiffuse(VarRegister& /*result*/, VarRegister* args, int argc, Processor* /*processor*/) {
-  SetEitherWay<&OGLMaterial::SetDiffuse>(args, argc);
+void script::SetMaterialDiffuse(OGLMaterial& self, ScriptCall& call) {
+  SetEitherWay<&OGLMaterial::SetDiffuse>(self, call);
 }
-void SetMaterialSpecular(VarRegister& /*result*/, VarRegister* args, int argc, Processor* /*processor*/) {
-  SetEitherWay<&OGLMaterial::SetSpecular>(args, argc);
+void script::SetMaterialSpecular(OGLMaterial& self, ScriptCall& call) {
+  SetEitherWay<&OGLMaterial::SetSpecular>(self, call);
 }
-void SetMaterialAmbient(VarRegister& /*result*/, VarRegister* args, int argc, Processor* /*processor*/) {
-  SetEitherWay<&OGLMaterial::SetAmbient>(args, argc);
+void script::SetMaterialAmbient(OGLMaterial& self, ScriptCall& call) {
+  SetEitherWay<&OGLMaterial::SetAmbient>(self, call);
 }
-void SetMaterialEmission(VarRegister& /*result*/, VarRegister* args, int argc, Processor* /*processor*/) {
-  SetEitherWay<&OGLMaterial::SetEmission>(args, argc);
+void script::SetMaterialEmission(OGLMaterial& self, ScriptCall& call) {
+  SetEitherWay<&OGLMaterial::SetEmission>(self, call);
 }
 
-void SetMaterialShininess(VarRegister& /*result*/, VarRegister* args, int argc, Processor* /*processor*/) {
-  OGLMaterial* self = Self<OGLMaterial>(args, argc);
-  if (!self) return;
-  const float value = args[0];
-  if (argc == 2) {
-    self->SetShininess(value, kOn);
-    self->SetShininess(value, kOff);
+void script::SetMaterialShininess(OGLMaterial& self, ScriptCall& call) {
+  const float value = call.NextNumber();
+  if (call.Count() == 1) {
+    self.SetShininess(value, kOn);
+    self.SetShininess(value, kOff);
   } else {
-    self->SetShininess(value, args[1].IsTrue() ? kOn : kOff);
+    self.SetShininess(value, NextFace(call));
   }
 }

@@ -1,18 +1,23 @@
 // The script methods of "OglMaterial" that decide something; the others are rows made from OGLMaterial's members.
 #pragma once
 
-#include "host/talq.h"
+#include "binding/call.h"
+#include "classes/material.h"
 
-// Script: OglMaterial(). A grey of 0.7.
-void ConstructDefaultMaterial(VarRegister& result, VarRegister* args, int argc, Processor* processor);
+namespace script {
+
+// OglMaterial(). A grey of 0.7.
+void ConstructDefaultMaterial(ScriptCall& call);
 
 // The colour setters take four numbers, SetDiffuse to SetEmission also one OglColor, and then an optional face selector
 // (true: front). Without it both faces are set: front before back from numbers, back before front from an OglColor.
-void SetMaterialColor(VarRegister& result, VarRegister* args, int argc, Processor* processor);
-void SetMaterialDiffuse(VarRegister& result, VarRegister* args, int argc, Processor* processor);
-void SetMaterialSpecular(VarRegister& result, VarRegister* args, int argc, Processor* processor);
-void SetMaterialAmbient(VarRegister& result, VarRegister* args, int argc, Processor* processor);
-void SetMaterialEmission(VarRegister& result, VarRegister* args, int argc, Processor* processor);
+void SetMaterialColor(OGLMaterial& self, ScriptCall& call);
+void SetMaterialDiffuse(OGLMaterial& self, ScriptCall& call);
+void SetMaterialSpecular(OGLMaterial& self, ScriptCall& call);
+void SetMaterialAmbient(OGLMaterial& self, ScriptCall& call);
+void SetMaterialEmission(OGLMaterial& self, ScriptCall& call);
 
-// Script: SetShininess(value [, front]). Without the selector both faces are set.
-void SetMaterialShininess(VarRegister& result, VarRegister* args, int argc, Processor* processor);
+// SetShininess(value [, front]). Without the selector both faces are set.
+void SetMaterialShininess(OGLMaterial& self, ScriptCall& call);
+
+}  // namespace script

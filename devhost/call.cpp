@@ -58,6 +58,12 @@ bool CallMethodWith(Variable& result, Variable& object, std::string_view name, A
     Raise(kErrorName, "A " + KindOf(self) + " has no method \"" + std::string(name) + "\".");
     return false;
   }
+  if (name == type->name) {
+    // Its handler would join a second native object to this one.
+    Raise(kErrorName, type->name + " is a constructor: it makes a new object and is no method of one that is there.",
+          "use new " + type->name + "(...)");
+    return false;
+  }
   return Invoke(result, *type, name, args, self);
 }
 

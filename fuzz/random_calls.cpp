@@ -65,11 +65,11 @@ std::vector<Row> Rows() {
   return rows;
 }
 
-// The object that the method is called on: for constructors mostly a fresh one.
+// The object that the method is called on: for constructors a fresh one, as they replace nothing.
 Variable SelfOf(const devhost::Signature& signature, Random& random, World& world) {
   const bool constructs = signature.method == signature.className;
-  if (random.Percent(constructs ? 90 : 2)) return World::NewUnjoined(signature.className);
-  return !constructs && random.Percent(2) ? world.AnyObject() : world.ObjectOf(signature.className);
+  if (constructs || random.Percent(2)) return World::NewUnjoined(signature.className);
+  return random.Percent(2) ? world.AnyObject() : world.ObjectOf(signature.className);
 }
 
 void CallHandler(const Row& row, const Variable& self, std::span<const Variable> args) {
@@ -110,7 +110,9 @@ void RunRound(const std::vector<Row>& rows, long long calls) {
     if (random.Percent(3)) world.ChangeDriver();
     const auto index = static_cast<std::size_t>(random.Below(static_cast<int>(rows.size())));
     calledText = GetMethodTable(nullptr)[index].signature;
+    const HGLRC__* const before = recorder::Get().currentContext;
     MakeCall(rows[index], random, world);
+    world.EndAbandonedSelections(before);
     devhost::ClearError();
     if (recorder::Get().balance.contexts.size() != world.OpenRenderers())
       Fail("rendering contexts are not those of the open renderers");

@@ -84,6 +84,18 @@ void World::ChangeDriver() {
   Device().bottom = random.Integer();
 }
 
+void World::EndAbandonedSelections(const HGLRC__* before) const {
+  std::set<const unsigned*> buffers;
+  for (const Variable& renderer : renderers) {
+    const auto* native = NativeOf<TOpenGL>(renderer);
+    if (native) buffers.insert(native->GetSelectBuffer().data());
+  }
+  for (auto& [context, selection] : recorder::Get().selections) {
+    const bool wasCurrent = context == before && context == recorder::Get().currentContext;
+    if (selection.isOn && !wasCurrent && !buffers.contains(selection.buffer.data())) selection = {};
+  }
+}
+
 std::size_t World::OpenRenderers() const {
   // One script object may stand in several places.
   std::set<const TOpenGL*> open;

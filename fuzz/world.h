@@ -6,8 +6,9 @@
 #include <vector>
 
 #include "fuzz/random.h"
-#include "geometry/indexed.h"
 #include "host/talq.h"
+
+struct HGLRC__;
 
 class World {
  public:
@@ -28,6 +29,9 @@ class World {
 
   // The driver answers otherwise from now on.
   void ChangeDriver();
+  // Ends the selections that renderers left behind in contexts that were not current when they went, as a script has
+  // to. One in this context, which was current before, is left to the module if the context still is.
+  void EndAbandonedSelections(const HGLRC__* before) const;
   // How many renderers have a rendering context.
   std::size_t OpenRenderers() const;
 

@@ -5,8 +5,7 @@
 #include <cstddef>
 #include <memory>
 #include <new>
-
-#include "host/talq.h"
+#include <span>
 
 template <class T>
 class Array {
@@ -24,6 +23,8 @@ class Array {
   int Count() const { return count; }
   T* Data() { return elements.get(); }
   const T* Data() const { return elements.get(); }
+  std::span<T> Span() { return {elements.get(), static_cast<std::size_t>(count)}; }
+  std::span<const T> Span() const { return {elements.get(), static_cast<std::size_t>(count)}; }
   T& operator[](int index) { return elements[static_cast<std::size_t>(index)]; }
   const T& operator[](int index) const { return elements[static_cast<std::size_t>(index)]; }
 
@@ -31,17 +32,3 @@ class Array {
   std::unique_ptr<T[]> elements;
   int count = 0;
 };
-
-// Reads the elements of a Vector, one for each of the array, as the array's type. What is no number sets the script's
-// error status.
-template <class T>
-void Fill(Array<T>& elements, Variable& vector) {
-  for (int i = 0; i < elements.Count(); ++i) elements[i] = vector[i];
-}
-
-// The elements of a Vector as integers; no array when memory is out.
-inline Array<int> DecodeIntegers(Variable& vector) {
-  Array<int> integers(vector.GetDim());
-  if (integers) Fill(integers, vector);
-  return integers;
-}

@@ -4,12 +4,12 @@
 #include <memory>
 
 #include "binding/errors.h"
+#include "binding/host_text.h"
 #include "classes/gl.h"
 #include "render/topengl.h"
 
 namespace {
 
-constexpr int kOrder = 4;
 constexpr int kPointStride = 3;
 
 struct NurbsDeleter {
@@ -17,9 +17,7 @@ struct NurbsDeleter {
 };
 
 void CALLBACK RaiseNurbsError(GLenum code) {
-  // The host takes char* and only reads.
-  const auto* text = reinterpret_cast<const char*>(gluErrorString(code));
-  ModuleError(OGL_NURBS_ERROR, const_cast<char*>(text));
+  ModuleError(OGL_NURBS_ERROR, HostText(reinterpret_cast<const char*>(gluErrorString(code))));
 }
 
 // A NURBS renderer that reports its errors to the script, or null.
@@ -34,7 +32,7 @@ void EmitSurface(GLUnurbs* nurbs, const NurbsSurface& surface, float* values, GL
   const int sCount = static_cast<int>(surface.sKnots.size());
   const int tCount = static_cast<int>(surface.tKnots.size());
   gluNurbsSurface(nurbs, sCount, surface.sKnots.data(), tCount, surface.tKnots.data(), kPointStride,
-                  (sCount - kOrder) * kPointStride, values, kOrder, kOrder, map);
+                  (sCount - kSplineOrder) * kPointStride, values, kSplineOrder, kSplineOrder, map);
 }
 
 }  // namespace
@@ -43,7 +41,7 @@ void TOpenGL::SplineCurve(std::span<float> knots, float* controls) const {
   const auto nurbs = NewNurbs();
   if (!nurbs) return;
   gluBeginCurve(nurbs.get());
-  gluNurbsCurve(nurbs.get(), static_cast<int>(knots.size()), knots.data(), kPointStride, controls, kOrder,
+  gluNurbsCurve(nurbs.get(), static_cast<int>(knots.size()), knots.data(), kPointStride, controls, kSplineOrder,
                 GL_MAP1_VERTEX_3);
   gluEndCurve(nurbs.get());
 }

@@ -3,7 +3,10 @@
 
 #include <span>
 
-// n control points along s, m along t; knots one longer than these by the order, 4.
+// Cubic in every direction: as many more knots than control points.
+inline constexpr int kSplineOrder = 4;
+
+// n control points along s, m along t; knots longer than these by the order.
 struct NurbsSurface {
   std::span<float> sKnots;  // n + 4
   std::span<float> tKnots;  // m + 4

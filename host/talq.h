@@ -176,6 +176,15 @@ class TALQ_API TalqAss {
 };
 static_assert(sizeof(TalqAss) == 24);
 
+// A triangle mesh, as it is joined to script objects of the host.
+// To be confirmed against the real host: the members and their order.
+struct TriangleMesh {
+  float* vertices;  // 9 floats a triangle: x, y, z of each corner
+  int triangleCount;
+  float* normals;  // likewise, one normal a corner
+};
+static_assert(sizeof(TriangleMesh) == 24);
+
 class TALQ_API Owner {
  public:
   // Nonzero while an error is pending in the running script.

@@ -119,16 +119,17 @@ void TOpenGL::PutBitmap(const OGLPoint& position, int width, int height, unsigne
   glDrawPixels(width, height, GL_RGB, GL_UNSIGNED_BYTE, pixels);
 }
 
-void TOpenGL::Put2bBitmap(const OGLPoint& position, int width, int height, std::span<const unsigned char> bits) const {
+void TOpenGL::Put2bBitmap(const OGLPoint& position, int width, int height, const unsigned char* bits,
+                          std::size_t length) const {
   if (!CanDraw()) return;
   const std::size_t needed = MaskBytes(width, height);
   ByteBuffer padded;
-  if (bits.size() < needed) {
+  if (length < needed) {
     padded.reset(new (std::nothrow) unsigned char[needed]());
     if (!padded) return;
-    std::copy(bits.begin(), bits.end(), padded.get());
+    std::copy_n(bits, length, padded.get());
   }
   glRasterPos3f(position.x, position.y, position.z);
   glPixelStorei(GL_UNPACK_ALIGNMENT, 4);
-  glBitmap(width, height, 0.0F, 0.0F, static_cast<float>(width), 0.0F, padded ? padded.get() : bits.data());
+  glBitmap(width, height, 0.0F, 0.0F, static_cast<float>(width), 0.0F, padded ? padded.get() : bits);
 }

@@ -42,12 +42,8 @@ void TOpenGL::SetClearColor(const OGLColor& color) {
   if (renderContext) glClearColor(color.red, color.green, color.blue, color.alpha);
 }
 
-std::array<const char*, 4> TOpenGL::GetVersion() const {
-  std::array<const char*, 4> texts{};
-  std::size_t i = 0;
-  for (const GLenum name : std::initializer_list<GLenum>{GL_VENDOR, GL_RENDERER, GL_VERSION, GL_EXTENSIONS}) {
-    const auto* text = reinterpret_cast<const char*>(glGetString(name));
-    texts[i++] = text ? text : "";
-  }
-  return texts;
+const char* TOpenGL::GetVersion(int text) const {
+  constexpr GLenum kNames[kVersionTexts] = {GL_VENDOR, GL_RENDERER, GL_VERSION, GL_EXTENSIONS};
+  const auto* answer = reinterpret_cast<const char*>(glGetString(kNames[text]));
+  return answer ? answer : "";
 }

@@ -14,8 +14,8 @@ void TOpenGL::CallList(int list) const {
   if (renderContext) glCallList(static_cast<GLuint>(list));
 }
 
-void TOpenGL::CallLists(const int* lists, int count) const {
-  if (renderContext) glCallLists(count, GL_INT, lists);
+void TOpenGL::CallLists(std::span<const int> lists) const {
+  if (renderContext) glCallLists(static_cast<GLsizei>(lists.size()), GL_INT, lists.data());
 }
 
 void TOpenGL::DeleteLists(int first, int count) const { glDeleteLists(static_cast<GLuint>(first), count); }

@@ -15,9 +15,7 @@
 struct HDC__;
 struct HGLRC__;
 class OGLMaterial;
-struct IndexedTriangles;
 struct NurbsSurface;
-struct TriangleMesh;
 
 // Sixteen numbers in OpenGL's column-major order: row r, column c is entry c * 4 + r.
 using Matrix16 = std::array<double, 16>;
@@ -77,9 +75,10 @@ class TOpenGL : public TalqAss {
   void Flush() const;
   // Each Clear takes it, opening too.
   void SetClearColor(const OGLColor& color);
-  // Vendor, renderer, version and extensions of the current context; "" for what OpenGL does not tell. The texts
-  // are OpenGL's own.
-  std::array<const char*, 4> GetVersion() const;
+  // One of the texts of the current context, which are OpenGL's own: 0 to 3 are vendor, renderer, version and
+  // extensions; "" for what OpenGL does not tell.
+  static constexpr int kVersionTexts = 4;
+  const char* GetVersion(int text) const;
 
   // ---- View (view.cpp)
 
@@ -177,7 +176,7 @@ class TOpenGL : public TalqAss {
   void EndList() const;
   // Draw what was recorded; a number without a list draws nothing.
   void CallList(int list) const;
-  void CallLists(const int* lists, int count) const;
+  void CallLists(std::span<const int> lists) const;
   // Deletes the lists from `first` on.
   void DeleteLists(int first, int count) const;
 
@@ -216,12 +215,13 @@ class TOpenGL : public TalqAss {
   // The same with as many colours as points. With one normal a face, face i takes colour i whole. Lit, a colour becomes
   // a material (that of OGLMaterial's constructor); unlit, the current colour.
   void ColorTriangles(TripleSpan points, TripleSpan normals, TripleSpan colors) const;
-  // Triangles picked by index from several lists, which count on through all of them. A run of triangles of one list
-  // is drawn with that list's material, if it has one; an index that no list holds is skipped.
-  void TrianglesEx(std::span<const IndexedTriangles> lists, std::span<const int> indices) const;
-  // The same from meshes; materials has one element a mesh, or null.
-  void TrianglesExFB(std::span<const TriangleMesh* const> meshes, std::span<const int> indices,
-                     std::span<const OGLMaterial* const> materials) const;
+  // Triangles one by one, in runs that each have a material; whether the renderer can draw is the caller's to ask. The
+  // first of these comes once, before the first run; a run begins with its material, if it has one.
+  void BeginTriangleRuns() const;
+  void BeginTriangleRun(const OGLMaterial* material) const;
+  // A triangle of a run: nine numbers of its corners, nine of their normals.
+  void Triangle(const float* points, const float* normals) const;
+  void EndTriangleRun() const;
   // Computed normals: the first triangle's for its three vertices, then each triangle's own, turned to one side.
   void TriangleStrip(TripleSpan points) const;
   // As OpenGL's primitives of these names.
@@ -270,9 +270,10 @@ class TOpenGL : public TalqAss {
   void DrawBitmap(const OGLPoint& corner, int width, int height, unsigned char* pixels, float scale) const;
   // With glDrawPixels at the raster position.
   void PutBitmap(const OGLPoint& position, int width, int height, unsigned char* pixels) const;
-  // One bit a pixel, rows padded to 4 bytes; moves the raster position right by the width. Missing bytes count as
-  // zeros.
-  void Put2bBitmap(const OGLPoint& position, int width, int height, std::span<const unsigned char> bits) const;
+  // One bit a pixel, rows padded to 4 bytes; moves the raster position right by the width. Bytes beyond the length
+  // count as zeros.
+  void Put2bBitmap(const OGLPoint& position, int width, int height, const unsigned char* bits,
+                   std::size_t length) const;
 
   // ---- Frame read-back (image/read_back.cpp)
 

@@ -8,16 +8,10 @@
 namespace devhost {
 namespace {
 
-// What a module finds behind a Mesh object: this record is its native object as it stands, without a TalqAss.
-struct MeshRecord {
-  float* vertices;  // 9 numbers a triangle
-  int triangleCount;
-  float* normals;  // 9 numbers a triangle
-};
-
-// The record with the arrays that it points to; the record comes first, so its address is the storage's.
+// What a module finds behind a Mesh object: the record as it stands, without a TalqAss, with the arrays that it points
+// to. The record comes first, so its address is the storage's.
 struct MeshStorage {
-  MeshRecord record;
+  TriangleMesh record;
   MeshTriangles triangles;
 };
 

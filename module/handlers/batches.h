@@ -1,8 +1,7 @@
 // The handlers of the primitive batches: one template a number of arrays, one rule a kind of primitive.
 #pragma once
 
-#include "binding/errors.h"
-#include "binding/native.h"
+#include "binding/call.h"
 #include "geometry/decode.h"
 #include "render/topengl.h"
 
@@ -25,8 +24,8 @@ constexpr bool FitsQuads(int points, int normals, int colors) { return FitsQuads
 constexpr bool FitsQuadStrip(int points, int normals) { return normals == points && points >= 4; }
 constexpr bool FitsAlways(int /*points*/) { return true; }
 
-// ---- Handlers: decode every array, then draw, unless one is missing or the script has an error. They raise error 43
-// when the script object has no renderer. `draw` is the renderer's member, `fits` the rule for its counts.
+// ---- Handlers: decode every array, then draw, unless one is missing or the script has an error. `draw` is the
+// renderer's member, `fits` the rule for its counts.
 
 // False, with error 8 raised, when the counts do not fit.
 inline bool CheckCounts(bool fit) {
@@ -34,41 +33,37 @@ inline bool CheckCounts(bool fit) {
   return fit;
 }
 
+namespace script {
+
 template <void (TOpenGL::*draw)(TripleSpan) const, bool (*fits)(int)>
-void DrawPoints(VarRegister& /*result*/, VarRegister* args, int argc, Processor* processor) {
-  const TOpenGL* self = Self<TOpenGL>(args, argc);
-  if (!self) return;
-  const Triples points = DecodePoints(args[0]);
-  if (!points || processor->GetErrorStatus()) return;
-  if (CheckCounts(fits(points.Count()))) (self->*draw)(points);
+void DrawPoints(const TOpenGL& self, ScriptCall& call) {
+  const Triples points = DecodePoints(call.NextValue());
+  if (!points || call.HasError()) return;
+  if (CheckCounts(fits(points.Count()))) (self.*draw)(points);
 }
 
 template <void (TOpenGL::*draw)(TripleSpan, TripleSpan) const, bool (*fits)(int, int)>
-void DrawWithNormals(VarRegister& /*result*/, VarRegister* args, int argc, Processor* processor) {
-  const TOpenGL* self = Self<TOpenGL>(args, argc);
-  if (!self) return;
-  const Triples points = DecodePoints(args[0]);
-  const Triples normals = DecodePoints(args[1]);
-  if (!points || !normals || processor->GetErrorStatus()) return;
-  if (CheckCounts(fits(points.Count(), normals.Count()))) (self->*draw)(points, normals);
+void DrawWithNormals(const TOpenGL& self, ScriptCall& call) {
+  const Triples points = DecodePoints(call.NextValue());
+  const Triples normals = DecodePoints(call.NextValue());
+  if (!points || !normals || call.HasError()) return;
+  if (CheckCounts(fits(points.Count(), normals.Count()))) (self.*draw)(points, normals);
 }
 
 template <void (TOpenGL::*draw)(TripleSpan, TripleSpan, TripleSpan) const, bool (*fits)(int, int, int)>
-void DrawWithColors(VarRegister& /*result*/, VarRegister* args, int argc, Processor* processor) {
-  const TOpenGL* self = Self<TOpenGL>(args, argc);
-  if (!self) return;
-  const Triples points = DecodePoints(args[0]);
-  const Triples normals = DecodePoints(args[1]);
-  const Triples colors = DecodeColors(args[2], points.Count());
-  if (!points || !normals || !colors || processor->GetErrorStatus()) return;
-  if (CheckCounts(fits(points.Count(), normals.Count(), colors.Count()))) (self->*draw)(points, normals, colors);
+void DrawWithColors(const TOpenGL& self, ScriptCall& call) {
+  const Triples points = DecodePoints(call.NextValue());
+  const Triples normals = DecodePoints(call.NextValue());
+  const Triples colors = DecodeColors(call.NextValue(), points.Count());
+  if (!points || !normals || !colors || call.HasError()) return;
+  if (CheckCounts(fits(points.Count(), normals.Count(), colors.Count()))) (self.*draw)(points, normals, colors);
 }
 
 // Lines alone are left out, with nothing raised, when the counts do not fit.
-inline void DrawColorLines(VarRegister& /*result*/, VarRegister* args, int argc, Processor* processor) {
-  const TOpenGL* self = Self<TOpenGL>(args, argc);
-  if (!self) return;
-  const Triples points = DecodePoints(args[0]);
-  const Triples colors = DecodeColors(args[1], points.Count());
-  if (points && colors && !processor->GetErrorStatus()) self->ColorLines(points, colors);
+inline void DrawColorLines(const TOpenGL& self, ScriptCall& call) {
+  const Triples points = DecodePoints(call.NextValue());
+  const Triples colors = DecodeColors(call.NextValue(), points.Count());
+  if (points && colors && !call.HasError()) self.ColorLines(points, colors);
 }
+
+}  // namespace script

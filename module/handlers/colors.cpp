@@ -1,66 +1,73 @@
-#include "binding/native.h"
+#include <optional>
+
 #include "module/handlers/handlers.h"
 #include "module/handlers/points.h"
-#include "render/topengl.h"
 
 namespace {
 
-// Reads an OglColor (two registers with the script object), or red, green and blue with the alpha of that form. False
-// with an error raised when the OglColor has no colour.
-bool ReadColor(VarRegister* args, int argc, float alpha, OGLColor& color) {
-  if (argc != 2) {
-    const float components[] = {args[0], args[1], args[2]};
-    color.SetColor(components[0], components[1], components[2], alpha);
-    return true;
+// The components of a colour; an OGLColor would be an object of the host's.
+struct Components {
+  float red;
+  float green;
+  float blue;
+  float alpha;
+};
+
+// An OglColor, which is the only argument then, or red, green and blue with the alpha of that form. Nothing, with error
+// 43 raised, when the OglColor has no colour.
+std::optional<Components> ReadColor(ScriptCall& call, float alpha) {
+  if (call.Count() == 1) {
+    const auto* color = call.NextNative<OGLColor>();
+    if (!color) return std::nullopt;
+    return Components{color->red, color->green, color->blue, color->alpha};
   }
-  const OGLColor* given = Native<OGLColor>(args[0]);
-  if (given) color = *given;
-  return given != nullptr;
+  const float red = call.NextNumber();
+  const float green = call.NextNumber();
+  const float blue = call.NextNumber();
+  return Components{red, green, blue, alpha};
 }
 
-template <void (OGLLightSet::*set)(const OGLColor&)>
-void SetLightColor(VarRegister* args, int argc) {
-  TOpenGL* self = Self<TOpenGL>(args, argc);
-  OGLColor color;
-  if (self && ReadColor(args, argc, 1.0F, color)) (self->GetLights().*set)(color);
+template <void (OGLLightSet::*set)(float red, float green, float blue, float alpha)>
+void SetLightColor(TOpenGL& self, ScriptCall& call) {
+  const auto color = ReadColor(call, 1.0F);
+  if (color) (self.GetLights().*set)(color->red, color->green, color->blue, color->alpha);
 }
 
 }  // namespace
 
-void SetClearColor(VarRegister& /*result*/, VarRegister* args, int argc, Processor* /*processor*/) {
-  TOpenGL* self = Self<TOpenGL>(args, argc);
-  OGLColor color;
+void script::SetClearColor(TOpenGL& self, ScriptCall& call) {
   // Required: the form of three numbers clears to alpha 0.
-  if (self && ReadColor(args, argc, 0.0F, color)) self->SetClearColor(color);
+  const auto color = ReadColor(call, 0.0F);
+  if (color) self.SetClearColor(OGLColor(color->red, color->green, color->blue, color->alpha));
 }
 
-void SetAmbientLightColor(VarRegister& /*result*/, VarRegister* args, int argc, Processor* /*processor*/) {
-  SetLightColor<&OGLLightSet::SetAmbient>(args, argc);
+void script::SetAmbientLightColor(TOpenGL& self, ScriptCall& call) {
+  SetLightColor<&OGLLightSet::SetAmbient>(self, call);
 }
-void SetDiffuseLightColor(VarRegister& /*result*/, VarRegister* args, int argc, Processor* /*processor*/) {
-  SetLightColor<&OGLLightSet::SetDiffuse>(args, argc);
+void script::SetDiffuseLightColor(TOpenGL& self, ScriptCall& call) {
+  SetLightColor<&OGLLightSet::SetDiffuse>(self, call);
 }
-void SetSpecularLightColor(VarRegister& /*result*/, VarRegister* args, int argc, Processor* /*processor*/) {
-  SetLightColor<&OGLLightSet::SetSpecular>(args, argc);
-}
-
-void SetFogColor(VarRegister& /*result*/, VarRegister* args, int argc, Processor* /*processor*/) {
-  TOpenGL* self = Self<TOpenGL>(args, argc);
-  OGLColor color;
-  if (self && ReadColor(args, argc, 1.0F, color)) self->GetFog().OGLColor::operator=(color);
+void script::SetSpecularLightColor(TOpenGL& self, ScriptCall& call) {
+  SetLightColor<&OGLLightSet::SetSpecular>(self, call);
 }
 
-void SetColor(VarRegister& /*result*/, VarRegister* args, int argc, Processor* /*processor*/) {
-  const TOpenGL* self = Self<TOpenGL>(args, argc);
-  if (!self) return;
-  if (argc != 2) {
-    self->SetColor(OGLColor{args[0], args[1], args[2], args[3]});
-  } else if (const OGLColor* color = Native<OGLColor>(args[0])) {
-    self->SetColor(*color);
+void script::SetFogColor(TOpenGL& self, ScriptCall& call) {
+  const auto color = ReadColor(call, 1.0F);
+  if (color) self.GetFog().SetColor(color->red, color->green, color->blue, color->alpha);
+}
+
+void script::SetColor(const TOpenGL& self, ScriptCall& call) {
+  if (call.Count() == 1) {
+    const auto* color = call.NextNative<OGLColor>();
+    if (color) self.SetColor(*color);
+  } else {
+    const OGLPoint rgb = ReadNumbers(call);
+    const float alpha = call.NextNumber();
+    self.SetColor(OGLColor(rgb.x, rgb.y, rgb.z, alpha));
   }
 }
 
-void GetLightPosition(VarRegister& result, VarRegister* args, int argc, Processor* processor) {
-  TOpenGL* self = Self<TOpenGL>(args, argc);
-  if (self) MakePoint(result, self->GetLights().GetPosition(), processor);
+void script::GetLightPosition(TOpenGL& self, ScriptCall& call) {
+  VarRegister components[3];
+  MakePoint(call.Result(), self.GetLights().GetPosition(), components, call.Interpreter());
 }

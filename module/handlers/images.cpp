@@ -1,8 +1,8 @@
-#include "binding/native.h"
+#include <limits>
+
 #include "module/handlers/handlers.h"
 #include "module/handlers/points.h"
 #include "render/arithmetic.h"
-#include "render/topengl.h"
 
 namespace {
 
@@ -13,19 +13,13 @@ struct BitmapData {
   unsigned char* pixels;
 };
 
-// Asks the MBmp, which is the last argument. The result register serves as scratch.
-BitmapData ReadBitmap(VarRegister& result, VarRegister* args, int argc, Processor* processor) {
-  Variable* bitmap = args[argc - 2];
-  char getWidth[] = "GetWidth";
-  char getHeight[] = "GetHeight";
-  char getBits[] = "GetDIBits";
+// Asks the MBmp, which is the last argument and goes before the others.
+BitmapData ReadBitmap(const ScriptCall& call) {
+  Variable* bitmap = call.LastPointer();
   BitmapData data{};
-  processor->RunMethod(result, getWidth, nullptr, 0, bitmap);
-  data.width = result;
-  processor->RunMethod(result, getHeight, nullptr, 0, bitmap);
-  data.height = result;
-  processor->RunMethod(result, getBits, nullptr, 0, bitmap);
-  data.pixels = result;
+  data.width = call.Ask(bitmap, "GetWidth");
+  data.height = call.Ask(bitmap, "GetHeight");
+  data.pixels = call.Ask(bitmap, "GetDIBits");
   return data;
 }
 
@@ -37,74 +31,79 @@ struct FramePart {
   int height;
 };
 
-FramePart ReadFramePart(VarRegister* args) { return {args[0], args[1], args[2], args[3]}; }
+FramePart ReadFramePart(ScriptCall& call) {
+  FramePart part{};
+  part.x = call.NextNumber();
+  part.y = call.NextNumber();
+  part.width = call.NextInt();
+  part.height = call.NextInt();
+  return part;
+}
 
 std::span<unsigned char> BytesOf(const String* string) {
   if (!string || !string->bytes || string->length < 0) return {};
   return {string->bytes, static_cast<std::size_t>(string->length)};
 }
 
+// How many bytes the argument's record vouches for; where it has none of these bytes, nothing says that they end.
+std::size_t LengthOf(const unsigned char* bytes, VarRegister& argument) {
+  if (!bytes) return 0;
+  const String* string = argument.GetVar().GetString();
+  if (!string || string->bytes != bytes) return std::numeric_limits<std::size_t>::max();
+  return BytesOf(string).size();
+}
+
 }  // namespace
 
-void DrawBitmap(VarRegister& result, VarRegister* args, int argc, Processor* processor) {
-  const TOpenGL* self = Self<TOpenGL>(args, argc);
-  if (!self) return;
-  const BitmapData bitmap = ReadBitmap(result, args, argc, processor);
+void script::DrawBitmap(const TOpenGL& self, ScriptCall& call) {
+  ScriptCall again = call;
+  const BitmapData bitmap = ReadBitmap(call);
   if (!bitmap.pixels) return;
   const auto draw = [&](const OGLPoint& corner, float scale) {
-    self->DrawBitmap(corner, bitmap.width, bitmap.height, bitmap.pixels, scale);
+    self.DrawBitmap(corner, bitmap.width, bitmap.height, bitmap.pixels, scale);
   };
-  if (argc == 3) {
-    draw(ReadPoint(args[0]), 1.0F);
-  } else if (argc == 4) {
-    draw(ReadPoint(args[0]), args[1]);
+  if (call.Count() < 4) {
+    const OGLPoint corner = ReadPoint(call.NextValue());
+    draw(corner, call.Count() == 2 ? 1.0F : call.NextNumber());
   }
   // Required: the forms with a point draw again, from the first four registers read as numbers.
-  const OGLPoint corner = ReadPoint(args);
-  draw(corner, argc == 5 ? 1.0F : static_cast<float>(args[3]));
+  const OGLPoint corner = ReadNumbers(again);
+  draw(corner, again.Count() == 4 ? 1.0F : again.NextNumber());
 }
 
-void PutBitmap(VarRegister& result, VarRegister* args, int argc, Processor* processor) {
-  const TOpenGL* self = Self<TOpenGL>(args, argc);
-  if (!self) return;
-  const BitmapData bitmap = ReadBitmap(result, args, argc, processor);
+void script::PutBitmap(const TOpenGL& self, ScriptCall& call) {
+  const BitmapData bitmap = ReadBitmap(call);
   if (!bitmap.pixels) return;
-  self->PutBitmap(argc == 3 ? ReadPoint(args[0]) : ReadPoint(args), bitmap.width, bitmap.height, bitmap.pixels);
+  const OGLPoint position = ReadPoint(call, call.Count() != 2);
+  self.PutBitmap(position, bitmap.width, bitmap.height, bitmap.pixels);
 }
 
-void Put2bBitmap(VarRegister& /*result*/, VarRegister* args, int argc, Processor* /*processor*/) {
-  const TOpenGL* self = Self<TOpenGL>(args, argc);
-  if (!self) return;
-  const bool isPoint = argc == 5;
-  const OGLPoint position = isPoint ? ReadPoint(args[0]) : ReadPoint(args);
-  VarRegister* rest = args + (isPoint ? 1 : 3);
-  const int width = rest[0];
-  const int height = rest[1];
-  self->Put2bBitmap(position, width, height, BytesOf(rest[2].GetVar().GetString()));
+void script::Put2bBitmap(const TOpenGL& self, ScriptCall& call) {
+  const OGLPoint position = ReadPoint(call, call.Count() != 4);
+  const int width = call.NextInt();
+  const int height = call.NextInt();
+  VarRegister& string = call.Next();
+  const unsigned char* bits = string;
+  self.Put2bBitmap(position, width, height, bits, LengthOf(bits, string));
 }
 
-void GetDIBits(VarRegister& result, VarRegister* args, int argc, Processor* /*processor*/) {
-  const TOpenGL* self = Self<TOpenGL>(args, argc);
-  if (!self) return;
-  const FramePart part = ReadFramePart(args);
-  if (!self->CanDraw()) return;
-  Variable& bytes = result;
+void script::GetDIBits(const TOpenGL& self, ScriptCall& call) {
+  const FramePart part = ReadFramePart(call);
+  if (!self.CanDraw()) return;
+  Variable& bytes = call.Result();
   bytes.Init(TVAR_BYTES, WrappingProduct(WrappingProduct(part.width, part.height), 3));
   unsigned char* pixels = bytes;
-  if (pixels) self->GetDIBits(part.x, part.y, part.width, part.height, pixels);
+  if (pixels) self.GetDIBits(part.x, part.y, part.width, part.height, pixels);
 }
 
-void GetDIBitsMixture(VarRegister& result, VarRegister* args, int argc, Processor* /*processor*/) {
-  const TOpenGL* self = Self<TOpenGL>(args, argc);
-  if (!self) return;
-  const FramePart part = ReadFramePart(args);
-  const std::span<unsigned char> pixels = BytesOf(args[4].GetVar().GetString());
-  const float factor = args[5];
+void script::GetDIBitsMixture(const TOpenGL& self, ScriptCall& call) {
+  const FramePart part = ReadFramePart(call);
+  const std::span<unsigned char> pixels = BytesOf(call.Next().GetVar().GetString());
+  const float factor = call.NextNumber();
   if (pixels.data()) {
-    const bool isMixed = self->GetDIBitsMixture(part.x, part.y, part.width, part.height, pixels, factor);
-    result.SetBool(isMixed ? 1 : 0);
+    Return(call, self.GetDIBitsMixture(part.x, part.y, part.width, part.height, pixels, factor));
   } else {
     // Required: the error names the renderer.
-    TalqError(kNoNativeObject, ClassText<TOpenGL>());
+    RaiseNoNative<TOpenGL>();
   }
 }

@@ -1,90 +1,56 @@
 // The indexed batches: several lists or meshes, triangle indices, a material each.
-#include "geometry/indexed.h"
-
-#include "binding/native.h"
 #include "classes/material.h"
-#include "geometry/array.h"
 #include "geometry/decode.h"
+#include "module/handlers/batches.h"
 #include "module/handlers/handlers.h"
-#include "render/topengl.h"
 
 namespace {
 
-// Element i of a list of Vectors, which may be a reference to one.
-Triples DecodeElement(Variable& lists, int i) {
-  Variable& element = lists[i];
-  return DecodePoints(element.IsPointer() ? *element.GetPointer() : element);
-}
-
-// The decoded lists: the arrays and what the renderer sees of them.
-struct DecodedLists {
-  explicit DecodedLists(int count) : points(count), normals(count), triangles(count) {}
-
-  Array<Triples> points;
-  Array<Triples> normals;
-  Array<IndexedTriangles> triangles;
-};
-
-// False when an array is missing.
-bool Decode(DecodedLists& lists, Variable& pointLists, Variable& normalLists) {
-  if (!lists.points || !lists.normals || !lists.triangles) return false;
-  bool complete = true;
-  for (int i = 0; i < lists.points.Count(); ++i) {
-    lists.points[i] = DecodeElement(pointLists, i);
-    lists.normals[i] = DecodeElement(normalLists, i);
-    complete = complete && lists.points[i] && lists.normals[i];
+// Draws the triangles that the indices pick, in runs of one list each; a run begins with its list's material, which is
+// fetched then. Indices that no list holds are skipped. Returns whether a run is open at the end.
+template <class Lists>
+bool DrawRuns(const TOpenGL& renderer, const Lists& lists, Variable& indices, Variable& materials) {
+  renderer.BeginTriangleRuns();
+  const int none = lists.Count();
+  int current = none;
+  const int count = indices.GetDim();
+  for (int i = 0; i < count; ++i) {
+    int triangle = indices[i];
+    int list = 0;
+    while (list < lists.Count() && triangle >= lists.Triangles(list)) triangle -= lists.Triangles(list++);
+    if (triangle < 0 || list == none) continue;
+    if (list != current) {
+      if (current != none) renderer.EndTriangleRun();
+      renderer.BeginTriangleRun(JoinedTo<OGLMaterial>(materials[list]));
+      current = list;
+    }
+    const TriangleCorners corners = lists.At(list, triangle);
+    renderer.Triangle(corners.points, corners.normals);
   }
-  return complete;
-}
-
-// The mesh behind a script object, or null when there is none.
-const TriangleMesh* MeshOf(Variable& object) {
-  const void* native = object.GetAssID();
-  return native && !IsOwnNative(native) ? static_cast<const TriangleMesh*>(native) : nullptr;
-}
-
-// Raises error 8 for each list whose counts do not fit.
-void CheckLists(const DecodedLists& lists) {
-  for (int i = 0; i < lists.points.Count(); ++i) {
-    const int points = lists.points[i].Count();
-    if (points != lists.normals[i].Count() || points % 3 != 0) TalqError(kCountsDoNotFit);
-  }
+  return current != none;
 }
 
 }  // namespace
 
-void TrianglesEx(VarRegister& /*result*/, VarRegister* args, int argc, Processor* processor) {
-  const TOpenGL* self = Self<TOpenGL>(args, argc);
-  if (!self) return;
-  Variable& pointLists = args[0];
-  DecodedLists lists(pointLists.GetDim());
-  if (!Decode(lists, pointLists, args[1]) || processor->GetErrorStatus()) return;
-  CheckLists(lists);
-  if (processor->GetErrorStatus() || !self->CanDraw()) return;
-  const Array<int> indices = DecodeIntegers(args[2]);
-  if (!indices) return;
-  Variable& materials = args[3];
-  for (int i = 0; i < lists.triangles.Count(); ++i) {
-    lists.triangles[i] = {lists.points[i], lists.normals[i], JoinedTo<OGLMaterial>(materials[i])};
-  }
-  self->TrianglesEx({lists.triangles.Data(), static_cast<std::size_t>(lists.triangles.Count())},
-                    {indices.Data(), static_cast<std::size_t>(indices.Count())});
+void script::TrianglesEx(const TOpenGL& self, ScriptCall& call) {
+  Variable& pointLists = call.NextValue();
+  Variable& normalLists = call.NextValue();
+  Variable& indices = call.NextValue();
+  Variable& materials = call.NextValue();
+  const PointLists lists(pointLists, normalLists);
+  if (!lists || call.HasError()) return;
+  for (int list = 0; list < lists.Count(); ++list) CheckCounts(lists.Fits(list));
+  if (call.HasError() || !self.CanDraw()) return;
+  if (DrawRuns(self, lists, indices, materials)) self.EndTriangleRun();
 }
 
-void TrianglesExFB(VarRegister& /*result*/, VarRegister* args, int argc, Processor* processor) {
-  const TOpenGL* self = Self<TOpenGL>(args, argc);
-  if (!self) return;
-  Variable& meshObjects = args[0];
-  Array<const TriangleMesh*> meshes(meshObjects.GetDim());
-  Array<const OGLMaterial*> materials(meshes.Count());
-  if (!meshes || !materials) return;
-  for (int i = 0; i < meshes.Count(); ++i) meshes[i] = MeshOf(meshObjects[i]);
-  if (processor->GetErrorStatus() || !self->CanDraw()) return;
-  const Array<int> indices = DecodeIntegers(args[1]);
-  if (!indices) return;
-  Variable& materialObjects = args[2];
-  for (int i = 0; i < meshes.Count(); ++i) materials[i] = JoinedTo<OGLMaterial>(materialObjects[i]);
-  const auto count = static_cast<std::size_t>(meshes.Count());
-  self->TrianglesExFB({meshes.Data(), count}, {indices.Data(), static_cast<std::size_t>(indices.Count())},
-                      {materials.Data(), count});
+void script::TrianglesExFB(const TOpenGL& self, ScriptCall& call) {
+  Variable& objects = call.NextValue();
+  Variable& indices = call.NextValue();
+  Variable& materials = call.NextValue();
+  const Meshes meshes(objects);
+  if (!meshes || call.HasError() || !self.CanDraw()) return;
+  DrawRuns(self, meshes, indices, materials);
+  // Required: even without a run.
+  self.EndTriangleRun();
 }

@@ -1,7 +1,5 @@
-#include "binding/native.h"
 #include "module/handlers/handlers.h"
 #include "module/handlers/points.h"
-#include "render/topengl.h"
 
 namespace {
 
@@ -14,12 +12,9 @@ Matrix16 ReadMatrix(Variable& matrix) {
   return entries;
 }
 
-void MakeMatrix(Variable& target, const Matrix16& entries, Processor* processor) {
-  char className[] = "Matrix";
-  VarRegister sizes[2];
-  sizes[0] = 4;
-  sizes[1] = 4;
-  processor->MakeInstance(target, className, sizes, 2);
+// Makes a new Matrix of these entries in the target. The two registers are what its constructor gets.
+void MakeMatrix(Variable& target, const Matrix16& entries, VarRegister (&sizes)[2], Processor* processor) {
+  processor->MakeInstance(target, HostText("Matrix"), sizes, 2);
   for (int column = 0; column < 4; ++column) {
     for (int row = 0; row < 4; ++row) target[row][column] = entries[static_cast<std::size_t>(column * 4 + row)];
   }
@@ -34,39 +29,33 @@ Variable& MatrixProgram() {
 
 }  // namespace
 
-void LoadMatrix(VarRegister& /*result*/, VarRegister* args, int argc, Processor* /*processor*/) {
-  const TOpenGL* self = Self<TOpenGL>(args, argc);
-  if (self) self->LoadModelMatrix(ReadMatrix(args[0]));
+void script::LoadMatrix(const TOpenGL& self, ScriptCall& call) { self.LoadModelMatrix(ReadMatrix(call.NextValue())); }
+
+void script::MultiplyMatrix(const TOpenGL& self, ScriptCall& call) {
+  self.MultiplyModelMatrix(ReadMatrix(call.NextValue()));
 }
 
-void MultiplyMatrix(VarRegister& /*result*/, VarRegister* args, int argc, Processor* /*processor*/) {
-  const TOpenGL* self = Self<TOpenGL>(args, argc);
-  if (self) self->MultiplyModelMatrix(ReadMatrix(args[0]));
-}
-
-void GetMatrix(VarRegister& result, VarRegister* args, int argc, Processor* processor) {
+void script::GetMatrix(ScriptCall& call) {
   // Required: the program exists even after a first call that fails.
   Variable& program = MatrixProgram();
-  const TOpenGL* self = Self<TOpenGL>(args, argc);
+  const auto* self = call.Self<TOpenGL>();
   if (!self) return;
   Matrix16 full;
   Matrix16 look;
   self->ReadMatrices(full, look);
+  VarRegister sizes[2];
+  sizes[0] = 4;
+  sizes[1] = 4;
   VarRegister matrices[2];
-  MakeMatrix(matrices[0], full, processor);
-  MakeMatrix(matrices[1], look, processor);
-  processor->RunFunction(result, program, matrices, 2);
+  MakeMatrix(matrices[0], full, sizes, call.Interpreter());
+  MakeMatrix(matrices[1], look, sizes, call.Interpreter());
+  call.Interpreter()->RunFunction(call.Result(), program, matrices, 2);
 }
 
-void Rotate(VarRegister& /*result*/, VarRegister* args, int argc, Processor* /*processor*/) {
-  const TOpenGL* self = Self<TOpenGL>(args, argc);
-  if (!self) return;
-  const bool numbers = argc == 5;
-  const OGLPoint axis = numbers ? ReadPoint(args) : ReadPoint(args[0]);
-  self->Rotate(axis, args[numbers ? 3 : 1]);
+void script::Rotate(const TOpenGL& self, ScriptCall& call) {
+  const OGLPoint axis = ReadPoint(call, call.Count() == 4);
+  const float degrees = call.NextNumber();
+  self.Rotate(axis, degrees);
 }
 
-void Translate(VarRegister& /*result*/, VarRegister* args, int argc, Processor* /*processor*/) {
-  const TOpenGL* self = Self<TOpenGL>(args, argc);
-  if (self) self->Translate(argc == 4 ? ReadPoint(args) : ReadPoint(args[0]));
-}
+void script::Translate(const TOpenGL& self, ScriptCall& call) { self.Translate(ReadPoint(call, call.Count() == 3)); }

@@ -1,8 +1,6 @@
 #include <span>
 
-#include "binding/native.h"
 #include "module/handlers/handlers.h"
-#include "render/topengl.h"
 
 namespace {
 
@@ -29,13 +27,11 @@ void TakeRecord(std::span<const unsigned>& words, Variable& element) {
 
 }  // namespace
 
-void EndSelection(VarRegister& result, VarRegister* args, int argc, Processor* /*processor*/) {
-  TOpenGL* self = Self<TOpenGL>(args, argc);
-  if (!self) return;
-  const std::optional<int> hits = self->EndSelection();
+void script::EndSelection(TOpenGL& self, ScriptCall& call) {
+  const std::optional<int> hits = self.EndSelection();
   if (!hits) return;
-  Variable& records = result;
+  Variable& records = call.Result();
   records.Init(TVAR_ARRAY, *hits);
-  std::span<const unsigned> words = self->GetSelectBuffer();
+  std::span<const unsigned> words = self.GetSelectBuffer();
   for (int i = 0; i < *hits; ++i) TakeRecord(words, records[i]);
 }

@@ -15,9 +15,9 @@ int main() {
   // origin.
   renderer.LoadIdentityMatrix();
   for (const int width : {8, 0, 13}) {
-    renderer.Put2bBitmap({0, 0, 0, 1}, 0, 0, kBits);
+    renderer.Put2bBitmap({0, 0, 0, 1}, 0, 0, kBits, sizeof(kBits));
     glGetFloatv(GL_CURRENT_RASTER_POSITION, before);
-    renderer.Put2bBitmap({0, 0, 0, 1}, width, 8, kBits);
+    renderer.Put2bBitmap({0, 0, 0, 1}, width, 8, kBits, sizeof(kBits));
     glGetFloatv(GL_CURRENT_RASTER_POSITION, after);
     std::printf("%d: %g %g\n", width, static_cast<double>(after[0] - before[0]),
                 static_cast<double>(after[1] - before[1]));

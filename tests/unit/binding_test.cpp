@@ -7,7 +7,9 @@
 #include "module/exports.h"
 #include "render/topengl.h"
 #include "tests/unit/fixture.h"
+#include "tests/unit/handler_registers.h"
 #include "tests/unit/host_calls.h"
+#include "tests/unit/host_trace.h"
 
 namespace {
 
@@ -218,25 +220,99 @@ TEST_F(BindingTest, ANativeObjectOfAnotherClassCountsAsNone) {
   EXPECT_EQ(TakeLog(), "");
 }
 
-// Required by nothing, but a script can write gl->TOpenGL().
-TEST_F(BindingTest, ConstructorCalledAsAMethodReplacesTheNativeObject) {
-  for (const std::string name : {"TOpenGL", "OglColor", "OglMaterial"}) {
-    Variable object = NewObject(name);
-    const void* first = object.GetAssID();
-    {
-      const FailingAllocation failure(1);
-      Call(object, name + "(void)");
-      EXPECT_EQ(object.GetAssID(), first) << name;
-    }
-    Host() = {};
-    Call(object, name + "(void)");
-    EXPECT_EQ(Host().brokenJoints, 1) << name;
-    EXPECT_NE(object.GetAssID(), nullptr) << name;
-  }
-  Variable renderer = OpenRenderer();
-  Call(renderer, "TOpenGL(void)");
-  EXPECT_EQ(Call(renderer, "IsOpen").slot.int32, 0);
+// What the module asks of the host while a row is called.
+std::string HostLog(Variable object, const std::string& name, const std::vector<Variable>& args) {
+  const MethodEntry* row = RowOf(devhost::KindOf(object), name);
+  HandlerRegisters registers(args, object);
+  VarRegister result;
   TakeLog();
+  {
+    const HostTrace trace(registers.First(), registers.Count(), &result);
+    registers.Call(row->handler, result);
+  }
+  return TakeLog();
+}
+
+// A constructor may be called on an object that has a native object: the host's copy of one, for instance.
+TEST_F(BindingTest, ConstructorsAskNothingOfTheScriptObjectAndReplaceNothingInIt) {
+  const Variable source = NewColor(1, 2, 3, 4);
+  Variable object = Unjoined("OglColor");
+  EXPECT_EQ(HostLog(object, "OglColor(void)", {}), Lines({"object: Variable*()", "TalqAss(0)", "Join()"}));
+  auto* const first = NativeOf<OGLColor>(object);
+  Host() = {};
+  EXPECT_EQ(HostLog(object, "OglColor(copy)", {source}),
+            Lines({"object: Variable*()", "argument 1: GetAssID()", "TalqAss(0)", "Join()"}));
+  EXPECT_EQ(Host().brokenJoints, 0);
+  EXPECT_NE(NativeOf<OGLColor>(object), first);
+  delete first;
+}
+
+TEST_F(BindingTest, TheDefaultMaterialIsMadeForTheObjectThatWasReadBefore) {
+  const std::string log = HostLog(Unjoined("OglMaterial"), "OglMaterial(void)", {});
+  EXPECT_TRUE(log.starts_with("object: Variable*()\nTalqAss(0)\n")) << log;
+}
+
+TEST_F(BindingTest, AllFourColorsAreFetchedBeforeOneIsTested) {
+  const Variable none = Unjoined("OglColor");
+  EXPECT_EQ(HostLog(Unjoined("OglMaterial"),
+                    "OglMaterial(refer object OglColor, refer object OglColor, refer object OglColor, refer object "
+                    "OglColor)",
+                    {none, none, none, none}),
+            Lines({"object: Variable*()", "argument 1: GetAssID()", "argument 2: GetAssID()", "argument 3: GetAssID()",
+                   "argument 4: GetAssID()"}));
+  ExpectNoNative("OglColor");
+}
+
+TEST_F(BindingTest, NothingIsMadeBeforeTheRendererIsKnown) {
+  const std::vector<Variable> numbers(4, Variable(1.0F));
+  for (const char* setter : {"SetClearColor", "SetAmbientLightColor", "SetFogColor", "SetColor"}) {
+    EXPECT_EQ(HostLog(Unjoined("TOpenGL"), setter, numbers), Lines({"object: GetAssID()"})) << setter;
+    ExpectNoNative("TOpenGL");
+  }
+}
+
+TEST_F(BindingTest, OnlyTheClearColorIsSetThroughATemporaryOne) {
+  const std::vector<Variable> numbers(3, Variable(1.0F));
+  const std::string reads =
+      Lines({"object: GetAssID()", "argument 1: float()", "argument 2: float()", "argument 3: float()"});
+  EXPECT_EQ(HostLog(NewRenderer(), "SetClearColor", numbers), reads + "TalqAss(0)\n~TalqAss(0)\n");
+  for (const char* setter : {"SetAmbientLightColor", "SetDiffuseLightColor", "SetSpecularLightColor", "SetFogColor"}) {
+    EXPECT_EQ(HostLog(NewRenderer(), setter, numbers), reads) << setter;
+  }
+}
+
+TEST_F(BindingTest, OpeningFindsTheRendererThroughItsValue) {
+  for (const char* method : {"Open", "OpenBitmap", "BindMDC"}) {
+    const std::string log = HostLog(Unjoined("TOpenGL"), method, {NewObject("MDC")});
+    EXPECT_EQ(log, Lines({"object: Variable*()", "GetAssID()"})) << method;
+    ExpectNoNative("TOpenGL");
+  }
+}
+
+TEST_F(BindingTest, RegistersOfAnInstanceAreMadeOnceForAll) {
+  EXPECT_EQ(HostLog(NewRenderer(), "GetViewerPos", {}),
+            Lines({"object: GetAssID()", "result: Variable&()", "Init(1024, 3)", "register: VarRegister()",
+                   "register: VarRegister()", "register: VarRegister()", "MakeInstance POINT3(3)",
+                   "MakeInstance POINT3(3)", "MakeInstance POINT3(3)"}));
+  recorder::Get().answers.modelViews = {kIdentity, kIdentity};
+  const std::string log = HostLog(NewRenderer(), "GetMatrix", {});
+  EXPECT_TRUE(log.ends_with(
+      Lines({"glPopMatrix()", "register: VarRegister()", "register: VarRegister()", "register: VarRegister()",
+             "register: VarRegister()", "register: Variable&()", "MakeInstance Matrix(2)", "register: Variable&()",
+             "MakeInstance Matrix(2)", "RunFunction(2)"})))
+      << log;
+}
+
+TEST_F(BindingTest, TheListOfTheVersionIsThereBeforeOpenGLIsAsked) {
+  EXPECT_EQ(HostLog(NewRenderer(), "GetVersion", {}),
+            Lines({"object: GetAssID()", "result: Variable&()", "Init(1024, 4)", "glGetString(GL_VENDOR)",
+                   "glGetString(GL_RENDERER)", "glGetString(GL_VERSION)", "glGetString(GL_EXTENSIONS)"}));
+}
+
+TEST_F(BindingTest, AProductTakesTheDefaultColorsPlace) {
+  EXPECT_EQ(HostLog(NewColor(1, 2, 3, 4), "*", {Variable(2.0F)}),
+            Lines({"object: GetAssID()", "argument 1: float()", "TalqAss(0)", "result: Variable&()",
+                   "MakeInstance OglColor(0)", "result: GetAssID()", "~TalqAss(1)", "Join()"}));
 }
 
 }  // namespace

@@ -148,7 +148,7 @@ TEST_F(BitmapsTest, SecondDrawTakesItsScaleFromTheFourthRegister) {
   devhost::Assign(registers[2].GetVar(), renderer);
   registers[3] = 2.5F;
   VarRegister result;
-  DrawBitmap(result, registers, 3, devhost::CurrentProcessor());
+  Handler<script::DrawBitmap>(result, registers, 3, devhost::CurrentProcessor());
   EXPECT_EQ(TakeLog(), Drawn(Tile(2, 1, 5, 6, 7, 7, 7)) + Drawn(Tile(2, 1, 0, 0, 5, 2.5F, 0)));
 }
 

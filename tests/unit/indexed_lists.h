@@ -6,7 +6,6 @@
 
 #include "classes/material.h"
 #include "devhost/payload.h"
-#include "geometry/indexed.h"
 #include "render/topengl.h"
 #include "tests/unit/drawing.h"
 

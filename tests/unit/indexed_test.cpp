@@ -2,6 +2,9 @@
 #include <string>
 #include <vector>
 
+#include "tests/unit/handler_registers.h"
+#include "tests/unit/host_calls.h"
+#include "tests/unit/host_trace.h"
 #include "tests/unit/indexed_lists.h"
 
 namespace {
@@ -47,6 +50,41 @@ TEST_F(IndexedTest, IndicesCountOnThroughTheLists) { EXPECT_EQ(Draw({2}), kFille
 
 TEST_F(IndexedTest, AnotherListStartsARunWithItsMaterial) {
   EXPECT_EQ(Draw({1, 2, 2, 0}), kFilled + Run(0, {1}) + Run(1, {0, 0}) + Run(0, {0}));
+}
+
+TEST_F(IndexedTest, OnlyTheMaterialsOfRunsAreTouched) {
+  std::vector<Variable> arguments = Arguments({1, 0});
+  devhost::Assign(arguments[3], Vector({materials[0]}));
+  Host() = {};
+  CallRow(renderer, "TrianglesEx", arguments);
+  EXPECT_EQ(Host().outsideElements, 0);
+  EXPECT_EQ(TakeLog(), kFilled + Run(0, {1, 0}));
+}
+
+TEST_F(IndexedTest, AMaterialIsFetchedBetweenItsRunAndTheOneBefore) {
+  std::vector<Variable> arguments = Arguments({0, 2});
+  devhost::Assign(arguments[3], Vector({Unjoined("OglMaterial"), Unjoined("OglMaterial")}));
+  HandlerRegisters registers(arguments, renderer);
+  VarRegister result;
+  {
+    const HostTrace trace;
+    registers.Call(RowOf("TOpenGL", "TrianglesEx")->handler, result);
+  }
+  const std::string log = TakeLog();
+  EXPECT_NE(log.find("GL_FILL)\nGetAssID()\nglBegin(GL_TRIANGLES)\n"), std::string::npos) << log;
+  EXPECT_NE(log.find("glEnd()\nGetAssID()\nglBegin(GL_TRIANGLES)\n"), std::string::npos) << log;
+}
+
+// An index that is no number sets the script's error when the walk comes to it.
+TEST_F(IndexedTest, IndicesAreReadAsTheWalkGoes) {
+  std::vector<Variable> arguments = Arguments({1, 2});
+  devhost::Assign(arguments[2][1], Text("two"));
+  CallRow(renderer, "TrianglesEx", arguments);
+  ExpectError(devhost::kErrorConversion, "");
+  const std::string log = TakeLog();
+  EXPECT_TRUE(log.starts_with(kFilled + Applied(materials[0]) + "glBegin(GL_TRIANGLES)\n" +
+                              TriangleLines(points[0], normals[0], 1)))
+      << log;
 }
 
 TEST_F(IndexedTest, WiredDrawsOutlines) {
@@ -139,16 +177,16 @@ TEST_F(IndexedTest, ABadElementDrawsNothingAndAddsNoError) {
 }
 
 TEST_F(IndexedTest, WithoutMemoryNothingIsDrawnNorRaised) {
-  // Three arrays of the lists, two Vectors a list, the indices.
-  for (int n = 1; n <= 8; ++n) {
+  // Two arrays of the lists, two Vectors a list.
+  for (int n = 1; n <= 6; ++n) {
     const FailingAllocation failure(n);
     EXPECT_EQ(Draw({0, 2}), "") << n;
     EXPECT_TRUE(failure.Happened());
     EXPECT_EQ(devhost::RaisedCount(), 0);
   }
-  const FailingAllocation ninth(9);
+  const FailingAllocation seventh(7);
   EXPECT_NE(Draw({0}), "");
-  EXPECT_FALSE(ninth.Happened());
+  EXPECT_FALSE(seventh.Happened());
 }
 
 TEST_F(IndexedTest, NothingIsDrawnNorReadUnlessOpenAndBound) {
@@ -164,13 +202,6 @@ TEST_F(IndexedTest, NothingIsDrawnNorReadUnlessOpenAndBound) {
 TEST_F(IndexedTest, CountsAreCheckedOnAClosedRendererToo) {
   Variable closed = NewRenderer();
   EXPECT_EQ(ErrorsOf(closed, {{4, 4}}), 1);
-}
-
-TEST_F(IndexedTest, RendererItselfDrawsNothingUnlessOpenAndBound) {
-  for (const Variable& undrawable : UndrawableRenderers()) {
-    NativeOf<TOpenGL>(undrawable)->TrianglesEx({}, {});
-    EXPECT_EQ(TakeLog(), "");
-  }
 }
 
 TEST_F(IndexedTest, WithoutItsNativeObject) {

@@ -6,6 +6,7 @@
 
 #include "tests/unit/fake_bitmap.h"
 #include "tests/unit/fixture.h"
+#include "tests/unit/host_trace.h"
 
 namespace {
 
@@ -112,6 +113,29 @@ TEST_F(RasterBitmapsTest, StringWithoutMemoryHasNoBits) {
   Call(renderer, "Put2bBitmap", 0.0F, 0.0F, 0.0F, 8, 1, bits);
   EXPECT_EQ(LastImage(), Bytes(1));
   record->length = 4;
+}
+
+// A host may hand out bytes of its own making, of which the value's record knows nothing.
+TEST_F(RasterBitmapsTest, BytesWithoutARecordAreUsedAsTheyAre) {
+  Variable renderer = OpenRenderer();
+  Bytes bytes = {1, 2, 3, 4, 5};
+  const RegisterBytes answer(bytes.data());
+  for (const Variable& value : {Variable(), ByteString({7})}) {
+    const FailingAllocation noCopy(1);
+    Call(renderer, "Put2bBitmap", 0.0F, 0.0F, 0.0F, 33, 1, value);
+    EXPECT_EQ(LastImage(), bytes);
+    EXPECT_FALSE(noCopy.Happened());
+  }
+  TakeLog();
+}
+
+// The record has bytes, but the host gives none.
+TEST_F(RasterBitmapsTest, NullCountsAsZeros) {
+  Variable renderer = OpenRenderer();
+  const RegisterBytes none(nullptr);
+  Call(renderer, "Put2bBitmap", 0.0F, 0.0F, 0.0F, 8, 2, ByteString({1, 2, 3, 4, 5}));
+  EXPECT_EQ(LastImage(), Bytes(5));
+  TakeLog();
 }
 
 // Whether the call allocates: only for a copy, without which nothing is drawn.

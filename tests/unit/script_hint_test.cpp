@@ -69,6 +69,18 @@ TEST_F(ScriptHint, OnlyFunctionsAreMeantByACall) {
 
 TEST_F(ScriptHint, AClassIsNoFunction) { EXPECT_EQ(HintOf("c = OglColor();"), "it is a class: new OglColor(...)"); }
 
+// A second native object would be joined to the script object, and the first one lost.
+TEST_F(ScriptHint, AConstructorIsNoMethod) {
+  EXPECT_EQ(RunScript("gl = new TOpenGL();\ngl->TOpenGL();\n"),
+            "test.talq:2:5: error 21 UNKNOWN_NAME: TOpenGL is a constructor: it makes a new object and is no method of "
+            "one that is there.\n"
+            "  gl->TOpenGL();\n"
+            "      ^\n"
+            "  hint: use new TOpenGL(...)\n");
+  EXPECT_EQ(HintOf("c = new OglColor(); c->OglColor(c);"), "use new OglColor(...)");
+  EXPECT_EQ(HintOf("p = new POINT3(1, 2, 3); p->POINT3(1, 2, 3);"), "use new POINT3(...)");
+}
+
 TEST_F(ScriptHint, HelpsWithErrorsOfTheModule) {
   EXPECT_EQ(HintOf("gl = new TOpenGL(); gl->EndSelection();"), "BeginSelection comes before EndSelection");
   EXPECT_EQ(HintOf("x = 1 / 0;"), "");

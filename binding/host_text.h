@@ -1,0 +1,5 @@
+// Texts for the host.
+#pragma once
+
+// The host takes char* and only reads.
+inline char* HostText(const char* text) { return const_cast<char*>(text); }
