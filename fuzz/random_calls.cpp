@@ -16,6 +16,7 @@
 #include "module/exports.h"
 #include "tests/unit/allocation.h"
 #include "tests/unit/handler_registers.h"
+#include "tests/unit/leftovers.h"
 #include "tests/unit/values.h"
 
 // A Variable keeps its pointer at an odd multiple of 4. The name is the sanitizer's.
@@ -41,12 +42,12 @@ struct Row {
 
 // Where the run is, for the report.
 unsigned long long roundSeed = 0;
-long long callInRound = 0;
+long long callsInRound = 0;
 const char* calledText = "";
 
 void PrintPlace() {
   std::fprintf(stderr, "in %s\nrepeat with: random_calls --seed %llu --calls %lld\n", calledText, roundSeed,
-               callInRound + 1);
+               callsInRound);
 }
 
 [[noreturn]] void Fail(const std::string& what) {
@@ -103,10 +104,12 @@ void MakeCall(const Row& row, Random& random, World& world) {
   if (constructs && random.Percent(50)) devhost::Assign(world.ObjectOf(row.signature.className), self);
 }
 
-void RunRound(const std::vector<Row>& rows, long long calls) {
+void MakeCalls(const std::vector<Row>& rows, long long calls) {
   Random random(roundSeed);
   World world(random);
-  for (callInRound = 0; callInRound < calls; ++callInRound) {
+  callsInRound = 0;
+  while (callsInRound < calls) {
+    ++callsInRound;
     if (random.Percent(3)) world.ChangeDriver();
     const auto index = static_cast<std::size_t>(random.Below(static_cast<int>(rows.size())));
     calledText = GetMethodTable(nullptr)[index].signature;
@@ -117,6 +120,14 @@ void RunRound(const std::vector<Row>& rows, long long calls) {
     if (recorder::Get().balance.contexts.size() != world.OpenRenderers())
       Fail("rendering contexts are not those of the open renderers");
   }
+}
+
+// The world is gone behind the calls, and all that the constructors made with it.
+void RunRound(const std::vector<Row>& rows, long long calls) {
+  MakeCalls(rows, calls);
+  calledText = "the round as a whole";
+  const std::string leftovers = TakeLeftovers();
+  if (!leftovers.empty()) Fail(leftovers);
 }
 
 bool ReadOptions(int argc, char** argv, Options& options) {

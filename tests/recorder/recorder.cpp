@@ -3,8 +3,6 @@
 namespace recorder {
 namespace {
 
-std::string Count(const char* what, std::size_t count) { return what + (": " + std::to_string(count)); }
-
 std::string Joined(const auto& lines) {
   std::string text;
   for (const auto& line : lines) text.append(line) += '\n';
@@ -28,10 +26,19 @@ std::vector<std::string> Balance::Problems() const {
       problems.push_back("matrix stack " + gl_trace::Format(gl_trace::Enum{mode}) + " left " + gl_trace::Format(depth) +
                          " deep");
   }
-  if (!contexts.empty()) problems.push_back(Count("contexts not deleted", contexts.size()));
-  if (!quadrics.empty()) problems.push_back(Count("quadrics not deleted", quadrics.size()));
-  if (!nurbsRenderers.empty()) problems.push_back(Count("NURBS renderers not deleted", nurbsRenderers.size()));
   return problems;
+}
+
+std::vector<std::string> Balance::TakeUndeleted() {
+  std::vector<std::string> lines;
+  const auto take = [&](const char* kind, std::set<const void*>& objects) {
+    if (!objects.empty()) lines.push_back(kind + (" not deleted: " + std::to_string(objects.size())));
+    objects.clear();
+  };
+  take("contexts", contexts);
+  take("quadrics", quadrics);
+  take("NURBS renderers", nurbsRenderers);
+  return lines;
 }
 
 Recorder& Get() {

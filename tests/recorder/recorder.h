@@ -62,6 +62,8 @@ struct Balance {
 
   // One line for each fault and for each thing left open.
   std::vector<std::string> Problems() const;
+  // One line for each kind of object that was not deleted: "quadrics not deleted: 2". They are then forgotten.
+  std::vector<std::string> TakeUndeleted();
 };
 
 // Selection mode, which every context has of its own.

@@ -1,9 +1,11 @@
 #include "tests/unit/allocation.h"
 
+#include <cstdint>
 #include <cstdlib>
 #include <functional>
+#include <map>
 #include <new>
-#include <unordered_set>
+#include <unordered_map>
 
 // The linker's --wrap gives a call of X the name __wrap_X, and the library's own routine the name __real_X.
 // NOLINTBEGIN(bugprone-reserved-identifier)
@@ -35,18 +37,25 @@ struct Unwatched {
   bool operator==(const Unwatched&) const = default;
 };
 
-using Pointers = std::unordered_set<void*, std::hash<void*>, std::equal_to<>, Unwatched<void*>>;
+// An address with its bits inverted: what is noted here does not count for LeakSanitizer as a pointer to the memory.
+std::uintptr_t Hidden(void* memory) { return ~reinterpret_cast<std::uintptr_t>(memory); }
+
+// Bytes by hidden address.
+using Sizes = std::unordered_map<std::uintptr_t, std::size_t, std::hash<std::uintptr_t>, std::equal_to<>,
+                                 Unwatched<std::pair<const std::uintptr_t, std::size_t>>>;
 
 // Outlives every object.
-Pointers& Live() {
-  static auto& live = *new Pointers;
+Sizes& Live() {
+  static auto& live = *new Sizes;
   return live;
 }
 
-void* Noted(void* memory) {
-  if (memory) Live().insert(memory);
+void* Noted(void* memory, std::size_t size) {
+  if (memory) Live()[Hidden(memory)] = size;
   return memory;
 }
+
+void Forget(void* memory) { Live().erase(Hidden(memory)); }
 
 // More than any test allocates, so that absurd sizes fail at once.
 constexpr std::size_t kLargestAllocation = std::size_t{1} << 30;
@@ -63,13 +72,13 @@ bool FailsNow(std::size_t size) {
 
 void* AllocateOrFail(std::size_t size) noexcept {
   if (FailsNow(size)) return nullptr;
-  return size > kLargestAllocation ? nullptr : Noted(::operator new(size));
+  return size > kLargestAllocation ? nullptr : Noted(::operator new(size), size);
 }
 
 // The array form has memory of its own kind, for the checks of new[] against delete.
 void* AllocateArrayOrFail(std::size_t size) noexcept {
   if (FailsNow(size)) return nullptr;
-  return size > kLargestAllocation ? nullptr : Noted(::operator new[](size));
+  return size > kLargestAllocation ? nullptr : Noted(::operator new[](size), size);
 }
 
 }  // namespace
@@ -78,31 +87,42 @@ void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return Al
 void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return AllocateArrayOrFail(size); }
 
 void* WatchedCalloc(std::size_t count, std::size_t size) {
-  return FailsNow(count * size) ? nullptr : Noted(RealCalloc(count, size));
+  return FailsNow(count * size) ? nullptr : Noted(RealCalloc(count, size), count * size);
 }
 
 void WatchedFree(void* memory) {
-  Live().erase(memory);
+  Forget(memory);
   RealFree(memory);
 }
 void WatchedDelete(void* memory) {
-  Live().erase(memory);
+  Forget(memory);
   RealDelete(memory);
 }
 void WatchedSizedDelete(void* memory, std::size_t size) {
-  Live().erase(memory);
+  Forget(memory);
   RealSizedDelete(memory, size);
 }
 void WatchedDeleteArray(void* memory) {
-  Live().erase(memory);
+  Forget(memory);
   RealDeleteArray(memory);
 }
 void WatchedSizedDeleteArray(void* memory, std::size_t size) {
-  Live().erase(memory);
+  Forget(memory);
   RealSizedDeleteArray(memory, size);
 }
 
 std::size_t LiveAllocations() { return Live().size(); }
+
+std::string TakeLiveAllocations() {
+  std::map<std::size_t, int> counts;
+  for (const auto& [address, size] : Live()) ++counts[size];
+  Live().clear();
+  std::string text;
+  for (const auto& [size, count] : counts) {
+    text += (text.empty() ? "" : ", ") + std::to_string(count) + " of " + std::to_string(size) + " bytes";
+  }
+  return text;
+}
 
 std::size_t LastAllocationSize() { return lastSize; }
 

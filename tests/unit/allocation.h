@@ -3,9 +3,13 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 
 // How many of these allocations have not been given back.
 std::size_t LiveAllocations();
+
+// The same by size, "1 of 24 bytes, 2 of 400 bytes", which are then forgotten; "" when there are none.
+std::string TakeLiveAllocations();
 
 // The bytes that were last asked of new (std::nothrow) or calloc.
 std::size_t LastAllocationSize();

@@ -6,6 +6,7 @@
 #include "devhost/signature.h"
 #include "module/exports.h"
 #include "tests/unit/fixture.h"
+#include "tests/unit/leftovers.h"
 #include "tests/unit/row_arguments.h"
 
 namespace {
@@ -93,6 +94,7 @@ TEST_F(AllocationSweepTest, EveryRowBearsTheFailureOfEachAllocation) {
       int n = 1;
       while (Attempt(*row, isLit, n)) ++n;
       failures += n - 1;
+      EXPECT_EQ(TakeLeftovers(), "") << row->signature;
     }
   }
   // A batch has up to eight allocations, a material nine, a renderer four.

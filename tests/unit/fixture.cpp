@@ -1,6 +1,7 @@
 #include "tests/unit/fixture.h"
 
 #include "module/exports.h"
+#include "tests/unit/fake_bitmap.h"
 #include "tests/unit/handler_registers.h"
 #include "tests/unit/load_module.h"
 
@@ -90,6 +91,7 @@ void ModuleTest::SetUp() {
 }
 
 void ModuleTest::TearDown() {
+  devhost::Assign(Bitmap().pixels, Variable());
   if (const devhost::Error* error = devhost::PendingError()) ADD_FAILURE() << "still pending: " << error->text;
   devhost::ClearError();
   EXPECT_EQ(devhost::UnloadModules(), 0) << "native objects outlive their script objects";

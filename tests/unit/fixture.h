@@ -62,7 +62,7 @@ void ExpectNoNative(std::string_view className);
 void ExpectModuleError(int code, std::string_view text);
 
 // Loads the module before each test and unloads it after it. Fails a test that leaves an error pending, a native object
-// joined to a script object that is gone, or something in OpenGL open.
+// joined to a script object that is gone, or something in OpenGL open. What no test may leave is in leftovers.h.
 class ModuleTest : public testing::Test {
  protected:
   void SetUp() override;

@@ -60,15 +60,29 @@ TEST_F(RecorderTest, UnbalancedCallsAreProblems) {
   glPushMatrix();
   EXPECT_EQ(TheProblems(), Problems({"matrix stack GL_PROJECTION left 1 deep"}));
   glPopMatrix();
+  EXPECT_EQ(TheProblems(), Problems());
+  glEnd();
+  EXPECT_EQ(TheProblems(), Problems({"glEnd without glBegin"}));
+}
+
+TEST_F(RecorderTest, ObjectsAreUndeletedUntilTheyAreDeletedOrTaken) {
+  recorder::Balance& balance = recorder::Get().balance;
   auto* const context = wglCreateContext(nullptr);
   auto* const quadric = gluNewQuadric();
-  EXPECT_EQ(TheProblems(), Problems({"contexts not deleted: 1", "quadrics not deleted: 1"}));
+  auto* const nurbs = gluNewNurbsRenderer();
   wglDeleteContext(context);
   gluDeleteQuadric(quadric);
-  EXPECT_EQ(TheProblems(), Problems());
+  gluDeleteNurbsRenderer(nurbs);
+  EXPECT_EQ(balance.TakeUndeleted(), Problems());
+  wglCreateContext(nullptr);
+  gluNewQuadric();
+  gluNewQuadric();
+  gluNewNurbsRenderer();
+  EXPECT_EQ(balance.TakeUndeleted(),
+            Problems({"contexts not deleted: 1", "quadrics not deleted: 2", "NURBS renderers not deleted: 1"}));
+  EXPECT_EQ(balance.TakeUndeleted(), Problems());
   wglDeleteContext(context);
-  glEnd();
-  EXPECT_EQ(TheProblems(), Problems({"deleted a context not its own", "glEnd without glBegin"}));
+  EXPECT_EQ(TheProblems(), Problems({"deleted a context not its own"}));
 }
 
 TEST_F(RecorderTest, SelectionAnswersOncePerSelectMode) {
