@@ -1,5 +1,5 @@
-// What the module has to give back: memory, rendering contexts, quadrics and NURBS renderers. Looked at where nothing of
-// it is in use, at the end of every unit test (leftovers_listener.cpp) and of every round of random calls.
+// What the module has to give back: memory, rendering contexts, quadrics and NURBS renderers. Looked at where nothing
+// of it is in use, at the end of every unit test (leftovers_listener.cpp) and of every round of random calls.
 #pragma once
 
 #include <string>
