@@ -10,7 +10,8 @@ foreach(name _LIBCPP_HAS_NO_LOCALIZATION _LIBCPP_HAS_NO_THREADS _LIBCPP_HAS_NO_F
 endforeach()
 file(CONFIGURE OUTPUT "${CMAKE_BINARY_DIR}/libcxx-config/__config_site" CONTENT "${site}" @ONLY)
 
-set(header_definitions -D_LIBCPP_DISABLE_VISIBILITY_ANNOTATIONS -D_LIBCPP_NO_AUTO_LINK)
+# MinGW's inline functions of <math.h> would be emitted into every object, used or not; the runtime has them too.
+set(header_definitions -D_LIBCPP_DISABLE_VISIBILITY_ANNOTATIONS -D_LIBCPP_NO_AUTO_LINK -D__CRT__NO_INLINE)
 set(header_folders
   "${CMAKE_BINARY_DIR}/libcxx-config" "${libcxx}" "/usr/lib/llvm-${LLVM_VERSION}/lib/clang/${LLVM_VERSION}/include"
   /usr/x86_64-w64-mingw32/include)

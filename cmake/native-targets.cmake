@@ -1,12 +1,33 @@
-# unit_tests: the module and the development host, linked with a recorder in place of OpenGL, GLU, WGL and GDI.
-# The recorder's folder also holds the small windows.h that only this build sees.
+# The programs for Linux. The module and the development host are linked with a recorder in place of OpenGL, GLU, WGL and
+# GDI, whose folder also holds the small windows.h that only these builds see. Each part is compiled once for all
+# programs that hold it.
 find_package(GTest REQUIRED)
-collect_sources(test_sources tests/recorder tests/unit tests/order)
+target_include_directories(project_options SYSTEM INTERFACE tests/recorder/include)
 
-add_executable(unit_tests ${module_sources} ${host_sources} ${test_sources})
-target_compile_definitions(unit_tests PRIVATE TALQ_HOST_BUILD)
-target_include_directories(unit_tests SYSTEM PRIVATE tests/recorder/include "${STB_INCLUDE_DIR}")
-target_link_libraries(unit_tests PRIVATE project_options GTest::gtest GTest::gtest_main)
+function(add_part name)
+  add_library(${name} OBJECT ${ARGN})
+  target_link_libraries(${name} PRIVATE project_options)
+  precompile_standard_headers(${name})
+endfunction()
+
+add_part(module_part ${module_sources})
+add_part(host_part ${host_sources})
+target_include_directories(host_part SYSTEM PRIVATE "${STB_INCLUDE_DIR}")
+collect_sources(recorder_sources tests/recorder)
+add_part(recorder_part ${recorder_sources})
+# What loads and watches the module, for the random calls too.
+set(support_sources)
+foreach(name allocation allocation_limit fake_device leftovers load_module values)
+  list(APPEND support_sources "${PROJECT_SOURCE_DIR}/tests/unit/${name}.cpp")
+endforeach()
+add_part(support_part ${support_sources})
+set(tested_parts module_part host_part recorder_part support_part)
+
+collect_sources(test_sources tests/unit tests/order)
+list(REMOVE_ITEM test_sources ${support_sources})
+add_executable(unit_tests ${test_sources})
+target_link_libraries(unit_tests PRIVATE project_options ${tested_parts} GTest::gtest GTest::gtest_main)
+precompile_standard_headers(unit_tests <gtest/gtest.h>)
 # tests/unit/function_trace.cpp stands between the module and the host's compiler of script functions.
 target_link_options(unit_tests PRIVATE
   "LINKER:--wrap=_ZN7devhost15CompileFunctionESt17basic_string_viewIcSt11char_traitsIcEE")
@@ -25,3 +46,7 @@ include(cmake/traced-host-calls.cmake)
 trace_host_calls(unit_tests)
 include(cmake/watched-allocations.cmake)
 watch_allocations(unit_tests)
+
+if(CMAKE_CXX_FLAGS MATCHES "-fsanitize=address")
+  include(cmake/fuzz-targets.cmake)
+endif()

@@ -23,19 +23,19 @@ else()
 endif()
 add_custom_target(host_names DEPENDS "${host_library}")
 
-add_library(talq_module SHARED ${module_sources} module/talqopengl.def)
-set_target_properties(talq_module PROPERTIES OUTPUT_NAME TalqOpenGL LINK_DEPENDS "${host_library}")
-target_link_libraries(talq_module PRIVATE project_options "${host_library}" opengl32 glu32 gdi32)
-add_dependencies(talq_module host_names)
-if(TALQ_MINGW_RUNTIME)
-  # The C runtime's own printf serves the module's few texts; MinGW's would make the DLL a fifth larger.
-  target_compile_definitions(talq_module PRIVATE __USE_MINGW_ANSI_STDIO=0)
-  if(TALQ_TRAP)
-    # The host's values lie at multiples of 4; with this ABI the check of object sizes stops at sound code.
-    target_compile_options(talq_module PRIVATE
-      -fsanitize=undefined -fno-sanitize=vptr,alignment,object-size -fsanitize-trap=undefined)
+# add_module(TARGET): the DLL as a target.
+function(add_module target)
+  add_library(${target} SHARED ${module_sources} module/talqopengl.def)
+  set_target_properties(${target} PROPERTIES OUTPUT_NAME TalqOpenGL LINK_DEPENDS "${host_library}")
+  target_link_libraries(${target} PRIVATE project_options "${host_library}" opengl32 glu32 gdi32)
+  add_dependencies(${target} host_names)
+  if(TALQ_MINGW_RUNTIME)
+    # The C runtime's own printf serves the module's few texts; MinGW's would make the DLL a fifth larger.
+    target_compile_definitions(${target} PRIVATE __USE_MINGW_ANSI_STDIO=0)
   endif()
-endif()
+  precompile_standard_headers(${target})
+endfunction()
+add_module(talq_module)
 
 # The development host exports what modules import, and the program's main function.
 file(READ host/talq.def host_exports)
@@ -46,6 +46,7 @@ set_target_properties(talq_host PROPERTIES OUTPUT_NAME Talq)
 target_compile_definitions(talq_host PRIVATE TALQ_HOST_BUILD)
 target_include_directories(talq_host SYSTEM PRIVATE "${STB_INCLUDE_DIR}")
 target_link_libraries(talq_host PRIVATE project_options gdi32 user32)
+precompile_standard_headers(talq_host)
 
 add_executable(talq_program ${program_sources})
 set_target_properties(talq_program PROPERTIES OUTPUT_NAME talq PDB_NAME talq_program)
@@ -57,7 +58,20 @@ target_link_libraries(driver_growth PRIVATE project_options opengl32 gdi32)
 
 # Programs of the tests that use the renderer itself, for what no script reaches.
 foreach(name volume_picture raster_position)
-  add_executable(${name} tests/renderer/${name}.cpp tests/renderer/memory_frame.cpp $<TARGET_OBJECTS:talq_module>)
-  target_link_libraries(${name} PRIVATE project_options talq_host opengl32 glu32 gdi32)
+  add_library(${name}_part OBJECT tests/renderer/${name}.cpp tests/renderer/memory_frame.cpp)
+  target_link_libraries(${name}_part PRIVATE project_options)
 endforeach()
-target_sources(volume_picture PRIVATE tests/renderer/head.cpp tests/renderer/molecule.cpp)
+target_sources(volume_picture_part PRIVATE tests/renderer/head.cpp tests/renderer/molecule.cpp)
+
+# add_renderer_program(TARGET PROGRAM MODULE): one of them as a target, with the code of that module.
+function(add_renderer_program target program module)
+  add_executable(${target} $<TARGET_OBJECTS:${program}_part> $<TARGET_OBJECTS:${module}>)
+  set_target_properties(${target} PROPERTIES OUTPUT_NAME ${program})
+  target_link_libraries(${target} PRIVATE project_options talq_host opengl32 glu32 gdi32)
+endfunction()
+add_renderer_program(volume_picture volume_picture talq_module)
+add_renderer_program(raster_position raster_position talq_module)
+
+if(TALQ_MSVC_ABI_CROSS)
+  include(cmake/trap-targets.cmake)
+endif()

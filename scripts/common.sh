@@ -12,24 +12,42 @@ die() {
   exit 1
 }
 
-# step TEXT LOG COMMAND...: runs a long command with its output in build/logs/LOG.log, and says what it is doing and how
-# long it took; with patience=N set, only when it takes more than N seconds. When it fails, shows the few lines that
-# matter and where the rest is.
+declare -A started=() # the process of a command in the background, by its log
+took=()               # "SECONDS TEXT" of each step
+
+# start LOG COMMAND...: runs a command in the background, with its output in build/logs/LOG.log.
+start() {
+  local name=$1
+  shift
+  {
+    local begin=$SECONDS code=0
+    "$@" || code=$?
+    echo $((SECONDS - begin)) > "$logs/$name.seconds"
+    exit $code
+  } > "$logs/$name.log" 2>&1 &
+  started[$name]=$!
+}
+
+# step TEXT LOG [COMMAND...]: runs a long command, or waits for the one that was started with this log. Says what it is
+# doing and how long the command took; with patience=N set, only when it takes more than N seconds. When it fails, shows
+# the few lines that matter and where the rest is.
 step() {
-  local text=$1 log=$logs/$2.log start=$SECONDS tick
-  shift 2
-  "$@" > "$log" 2>&1 &
+  local text=$1 log=$logs/$2.log seconds=$logs/$2.seconds pid tick
+  [[ $# == 2 ]] || start "${@:2}"
+  pid=${started[$2]}
   for ((tick = 0; tick < ${patience:-0} * 20; tick++)); do
-    kill -0 $! 2> /dev/null || break
+    kill -0 "$pid" 2> /dev/null || break
     sleep 0.05
   done
-  local shown=no
-  if [[ ${patience:-0} == 0 ]] || kill -0 $! 2> /dev/null; then
+  local shown=no code=0
+  if [[ ${patience:-0} == 0 ]] || kill -0 "$pid" 2> /dev/null; then
     shown=yes
     printf '%s ...' "$text" >&2
   fi
-  if wait $!; then
-    [[ $shown == no ]] || note " done ($((SECONDS - start)) s)"
+  wait "$pid" || code=$?
+  took+=("$(< "$seconds") $text")
+  if [[ $code == 0 ]]; then
+    [[ $shown == no ]] || note " done ($(< "$seconds") s)"
     return 0
   fi
   [[ $shown == yes ]] || printf '%s ...' "$text" >&2
@@ -51,11 +69,14 @@ build_preset() {
   cmake --build "$build/$preset" ${2:+--target "${@:2}"}
 }
 
-# Builds a preset for Windows and lays GLU beside its program.
+# lay_glu FOLDER: lays GLU beside a program for Windows.
+lay_glu() { cmp -s "$build/glu32/glu32.dll" "$build/$1/glu32.dll" || cp "$build/glu32/glu32.dll" "$build/$1/"; }
+
+# Builds a preset for Windows.
 build_windows() {
   local preset=${1:-windows-cross}
   patience=1 step "building TalqOpenGL.dll, Talq.dll and talq.exe ($preset)" "$preset" build_preset "$preset" || return 1
-  cmp -s "$build/glu32/glu32.dll" "$build/$preset/glu32.dll" || cp "$build/glu32/glu32.dll" "$build/$preset/"
+  lay_glu "$preset"
 }
 
 # Wine takes the GLU beside the program, asks for no add-ons and opens no crash dialog. Runs with and without a display
