@@ -1,5 +1,6 @@
 """The fixtures that run scripts on the built module under Wine."""
 
+import contextlib
 import dataclasses
 import os
 import pathlib
@@ -63,6 +64,27 @@ def run_in_wine(program, arguments, folder, display=None):
     return Run(done.returncode, *texts, {path.stem: read_picture(path) for path in pathlib.Path(folder).rglob("*.png")})
 
 
+@contextlib.contextmanager
+def wine_kept_running(display=None):
+    """Lets a program wait for input meanwhile: without any, Wine ends, and the next one waits until it is up again."""
+    program = subprocess.Popen(
+        [WINE, PROGRAMS / "talq.exe", "--no-module", "-i"],
+        env=wine_environment(display),
+        stdin=subprocess.PIPE,
+        stdout=subprocess.DEVNULL,
+        stderr=subprocess.DEVNULL,
+    )
+    yield
+    program.communicate(timeout=TIME_LIMIT)  # the end of its input
+
+
+@pytest.fixture(scope="session", autouse=True)
+def headless_wine():
+    """Wine without a display runs as long as the tests."""
+    with wine_kept_running():
+        yield
+
+
 def run_example(name, folder):
     """Draws an example of the gallery; the last line that it prints may tell of its scene."""
     (pathlib.Path(folder) / "out").mkdir()
@@ -97,7 +119,8 @@ def display():
     with os.fdopen(read_end) as pipe:
         number = pipe.readline().strip()
     assert number, "Xvfb did not start"
-    yield f":{number}"
+    with wine_kept_running(f":{number}"):
+        yield f":{number}"
     # Wine's desktop closes before its display does.
     subprocess.run([WINE_SERVER, "-w"], env=wine_environment(f":{number}"))
     server.terminate()
@@ -178,3 +201,5 @@ def pytest_collection_modifyitems(items):
     for item in items:
         if "window" in item.name:
             item.add_marker(pytest.mark.xdist_group("window"))
+    # By far the longest comes first: the other worker runs all the rest beside it.
+    items.sort(key=lambda item: item.path.name != "test_open_close.py")

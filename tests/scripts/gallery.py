@@ -44,6 +44,11 @@ def sources_of(script):
     return texts.values()
 
 
+def colors_in(picture):
+    """The colours of the picture's pixels, each once, as one number."""
+    return numpy.unique(picture.astype(int) @ [1 << 16, 1 << 8, 1])
+
+
 class Difference:
     """How far two pictures of one size lie apart, in levels of 0 to 255: on average, by the channel of each pixel that
     differs most, and by the mean colour of the square of pixels that differs most."""
