@@ -79,10 +79,12 @@ build_windows() {
   lay_glu "$preset"
 }
 
-# Wine takes the GLU beside the program, asks for no add-ons and opens no crash dialog. Runs with and without a display
-# use prefixes of their own: a Wine server that was started without a display cannot open windows.
+# Wine takes the GLU beside the program, asks for no add-ons, opens no crash dialog, and starts neither services nor the
+# menu builder, which would take most of a short script's time. Runs with and without a display use prefixes of their
+# own: a Wine server that was started without a display cannot open windows.
 use_wine() {
-  export WINEPREFIX=$build/wine/$1 WINEDEBUG=-all WINEDLLOVERRIDES='mscoree=;mshtml=;winedbg.exe=;glu32=n'
+  export WINEPREFIX=$build/wine/$1 WINEDEBUG=-all
+  export WINEDLLOVERRIDES='mscoree=;mshtml=;winedbg.exe=;services.exe=;winemenubuilder.exe=;glu32=n'
   wine=/usr/lib/wine/wine64
 }
 

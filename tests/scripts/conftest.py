@@ -42,7 +42,7 @@ def wine_environment(display):
     environment |= {
         "WINEPREFIX": str(ROOT / "build" / "wine" / ("window" if display else "headless")),
         "WINEDEBUG": "-all",
-        "WINEDLLOVERRIDES": "mscoree=;mshtml=;winedbg.exe=;glu32=n",
+        "WINEDLLOVERRIDES": "mscoree=;mshtml=;winedbg.exe=;services.exe=;winemenubuilder.exe=;glu32=n",
     }
     return environment | ({"DISPLAY": display} if display else {})
 
