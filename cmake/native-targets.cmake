@@ -47,6 +47,15 @@ trace_host_calls(unit_tests)
 include(cmake/watched-allocations.cmake)
 watch_allocations(unit_tests)
 
+# order_tests: what must not depend on the order in which a compiler evaluates arguments, built with the preset native-gcc.
+collect_sources(order_sources tests/order)
+if(order_sources)
+  add_executable(order_tests EXCLUDE_FROM_ALL ${order_sources})
+  target_link_libraries(order_tests PRIVATE project_options ${tested_parts} GTest::gtest GTest::gtest_main)
+  precompile_standard_headers(order_tests <gtest/gtest.h>)
+  watch_allocations(order_tests)
+endif()
+
 if(CMAKE_CXX_FLAGS MATCHES "-fsanitize=address")
   include(cmake/fuzz-targets.cmake)
 endif()
