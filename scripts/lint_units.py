@@ -15,10 +15,10 @@ UNNAMED = re.compile(r"^namespace \{$(.*?)^\}  // namespace$", re.MULTILINE | re
 DECLARED = re.compile(
     r"^(?:enum class|class|struct|enum|union) (\w+)|^\w[\w:<>,&* \[\]]*?[ &*](\w+)(?=[\[({=;]| =)", re.MULTILINE
 )
-# Elsewhere: macros and what their uses name, what `using` brings in, other names of a namespace, main and its like.
+# Elsewhere: macros and what their uses name, what `using` brings in, other names of a namespace, C functions, main.
 BROUGHT = re.compile(
     r"^#define (\w+)|^[A-Z]\w*\((\w+)|^using (?:[\w:]+::)?(\w+)(?: =[^;]*)?;|^namespace (\w+) ="
-    r'|^(?:extern "C" )?int (\w+)\(',
+    r'|^(?:extern "C" .*?|int )\b(\w+)\(',
     re.MULTILINE,
 )
 
