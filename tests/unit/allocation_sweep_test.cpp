@@ -19,14 +19,6 @@ bool Draws(const std::string& log) {
 
 class AllocationSweepTest : public ModuleTest {
  protected:
-  // An object of the class on which all methods do their work.
-  static Variable Ready(std::string_view className, bool isLit) {
-    if (className != "TOpenGL") return NewObject(className);
-    Variable renderer = OpenRenderer();
-    if (isLit) Call(renderer, "EnableLight", true);
-    return renderer;
-  }
-
   // What a new material sends when it is applied, its n-th allocation having failed.
   static std::vector<std::string> LinesOfMaterial(Variable& renderer, const char* row,
                                                   const std::vector<Variable>& args, int n) {
@@ -50,7 +42,8 @@ class AllocationSweepTest : public ModuleTest {
     recorder::Get().answers.viewport = {0, 0, 5, 5};
     const std::vector<Variable> args = ArgumentsOf(signature);
     const bool constructs = signature.method == signature.className;
-    Variable self = constructs ? Unjoined(signature.className) : Ready(signature.className, isLit);
+    Variable self = ObjectFor(signature);
+    if (isLit && !constructs && signature.className == "TOpenGL") Call(self, "EnableLight", true);
     const std::string name = std::string(row.signature).substr(signature.className.size() + 2);
     bool happened = false;
     {
@@ -62,11 +55,7 @@ class AllocationSweepTest : public ModuleTest {
     devhost::ClearError();
     // Without the object itself nothing is joined; a part of it can be missing.
     if (constructs) EXPECT_EQ(self.GetAssID() == nullptr, happened && n == 1) << row.signature;
-    if (signature.method == "BeginSelection") Call(self, "EndSelection");
-    if (signature.method == "NewList") Call(self, "EndList");
-    // Without a run, OpenGL complains of the required end.
-    if (signature.method == "TrianglesExFB") recorder::Get().balance.faults.clear();
-    TakeLog();
+    EndWhatBegan(signature, self);
     return happened;
   }
 

