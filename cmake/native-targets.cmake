@@ -23,9 +23,11 @@ endforeach()
 add_part(support_part ${support_sources})
 set(tested_parts module_part host_part recorder_part support_part)
 
-collect_sources(test_sources tests/unit tests/order)
+collect_sources(test_sources tests/unit)
 list(REMOVE_ITEM test_sources ${support_sources})
 add_executable(unit_tests ${test_sources})
+# A failing test says where it is; the module's and the host's lines are in their own objects.
+target_compile_options(unit_tests PRIVATE -g0)
 target_link_libraries(unit_tests PRIVATE project_options ${tested_parts} GTest::gtest GTest::gtest_main)
 precompile_standard_headers(unit_tests <gtest/gtest.h>)
 # tests/unit/function_trace.cpp stands between the module and the host's compiler of script functions.
@@ -49,11 +51,10 @@ watch_allocations(unit_tests)
 
 # order_tests: what must not depend on the order in which a compiler evaluates arguments. The unit tests hold it too; the
 # preset native-gcc builds it with a compiler of the other order.
-collect_sources(order_sources tests/order)
-foreach(name fake_bitmap fixture host_trace leftovers_listener row_arguments)
-  list(APPEND order_sources "${PROJECT_SOURCE_DIR}/tests/unit/${name}.cpp")
+add_executable(order_tests EXCLUDE_FROM_ALL)
+foreach(name argument_order_test fake_bitmap fixture host_trace leftovers_listener row_arguments)
+  target_sources(order_tests PRIVATE "tests/unit/${name}.cpp")
 endforeach()
-add_executable(order_tests EXCLUDE_FROM_ALL ${order_sources})
 target_link_libraries(order_tests PRIVATE project_options ${tested_parts} GTest::gtest GTest::gtest_main)
 precompile_standard_headers(order_tests <gtest/gtest.h>)
 trace_host_calls(order_tests)

@@ -23,6 +23,10 @@ BROUGHT = re.compile(
 )
 
 
+# Types that everybody names, where a macro's use looks as if it declared them.
+TYPES = {"int", "float", "void", "Variable"}
+
+
 @functools.cache
 def words(source):
     return set(re.findall(r"[A-Za-z_]\w*", COMMENT_OR_TEXT.sub(" ", source.read_text())))
@@ -34,7 +38,7 @@ def private_names(source):
     names = BROUGHT.findall(text)
     for block in UNNAMED.findall(text):
         names += DECLARED.findall(COMMENT_OR_TEXT.sub(" ", block))
-    return {name for match in names for name in match if name}
+    return {name for match in names for name in match if name} - TYPES
 
 
 def speak_of_each_other(one, other):
