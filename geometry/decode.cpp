@@ -1,5 +1,6 @@
 #include "geometry/decode.h"
 
+#include <algorithm>
 #include <new>
 
 #include "binding/host_text.h"
@@ -140,7 +141,7 @@ Meshes::Meshes(Variable& objects) : meshes(objects.GetDim()) {
 int Meshes::Triangles(int mesh) const {
   const TriangleMesh* record = meshes[mesh];
   const bool hasArrays = record && record->vertices && record->normals;
-  return hasArrays && record->triangleCount > 0 ? record->triangleCount : 0;
+  return hasArrays ? std::max(record->triangleCount, 0) : 0;
 }
 
 TriangleCorners Meshes::At(int mesh, int triangle) const {
