@@ -43,6 +43,10 @@ TEST_F(LightTest, SettersTakeNumbersOrAColor) {
   EXPECT_EQ(Components(lights.GetAmbient()), Floats({1, 2, 3, 4}));
   EXPECT_EQ(Components(lights.GetDiffuse()), Floats({5, 6, 7, 8}));
   EXPECT_EQ(Components(lights.GetSpecular()), Floats({9, 10, 11, 12}));
+  lights.SetAmbient(OGLColor(2, 3, 4, 5));
+  lights.SetSpecular(OGLColor(6, 7, 8, 9));
+  EXPECT_EQ(Components(lights.GetAmbient()), Floats({2, 3, 4, 5}));
+  EXPECT_EQ(Components(lights.GetSpecular()), Floats({6, 7, 8, 9}));
   EXPECT_EQ(TakeLog(), "");
 }
 
