@@ -21,10 +21,8 @@ std::optional<Components> ReadColor(ScriptCall& call, float alpha) {
     if (!color) return std::nullopt;
     return Components{color->red, color->green, color->blue, color->alpha};
   }
-  const float red = call.NextNumber();
-  const float green = call.NextNumber();
-  const float blue = call.NextNumber();
-  return Components{red, green, blue, alpha};
+  const OGLPoint rgb = ReadNumbers(call);
+  return Components{rgb.x, rgb.y, rgb.z, alpha};
 }
 
 template <void (OGLLightSet::*set)(float red, float green, float blue, float alpha)>
