@@ -8,7 +8,7 @@
 #include "benchmark/rows.h"
 #include "classes/gl.h"
 #include "classes/material.h"
-#include "tests/unit/values.h"
+#include "tests/unit/support/values.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "host/talq.h"
-#include "tests/unit/handler_registers.h"
+#include "tests/unit/support/handler_registers.h"
 
 class HandlerCall {
  public:

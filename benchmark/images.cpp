@@ -8,7 +8,7 @@
 #include "classes/gl.h"
 #include "image/blend.h"
 #include "image/swap.h"
-#include "tests/unit/values.h"
+#include "tests/unit/support/values.h"
 
 namespace {
 

@@ -4,9 +4,9 @@
 
 #include "benchmark/platform.h"
 #include "benchmark/rows.h"
-#include "devhost/runtime.h"
+#include "devhost/runtime/runtime.h"
 #include "module/exports.h"
-#include "tests/unit/values.h"
+#include "tests/unit/support/values.h"
 
 namespace {
 

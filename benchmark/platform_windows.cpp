@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "devhost/imports.h"
+#include "devhost/runtime/imports.h"
 #include "host/talq.h"
 #include "module/exports.h"
 #include "tests/renderer/memory_frame.h"

@@ -11,7 +11,7 @@ else()
   list(FILTER benchmark_sources EXCLUDE REGEX "_windows\\.cpp$")
 endif()
 
-add_executable(benchmark EXCLUDE_FROM_ALL ${benchmark_sources} tests/unit/values.cpp)
+add_executable(benchmark EXCLUDE_FROM_ALL ${benchmark_sources} tests/unit/support/values.cpp)
 target_link_libraries(benchmark PRIVATE project_options)
 precompile_standard_headers(benchmark)
 if(WIN32)

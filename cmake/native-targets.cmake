@@ -18,7 +18,7 @@ add_part(recorder_part ${recorder_sources})
 # What loads and watches the module, for the random calls too.
 set(support_sources)
 foreach(name allocation allocation_limit fake_device leftovers load_module values)
-  list(APPEND support_sources "${PROJECT_SOURCE_DIR}/tests/unit/${name}.cpp")
+  list(APPEND support_sources "${PROJECT_SOURCE_DIR}/tests/unit/support/${name}.cpp")
 endforeach()
 add_part(support_part ${support_sources})
 set(tested_parts module_part host_part recorder_part support_part)
@@ -30,17 +30,17 @@ add_executable(unit_tests ${test_sources})
 target_compile_options(unit_tests PRIVATE -g0)
 target_link_libraries(unit_tests PRIVATE project_options ${tested_parts} GTest::gtest GTest::gtest_main)
 precompile_standard_headers(unit_tests <gtest/gtest.h>)
-# tests/unit/function_trace.cpp stands between the module and the host's compiler of script functions.
+# tests/unit/support/function_trace.cpp stands between the module and the host's compiler of script functions.
 target_link_options(unit_tests PRIVATE
   "LINKER:--wrap=_ZN7devhost15CompileFunctionESt17basic_string_viewIcSt11char_traitsIcEE")
-# tests/unit/host_calls.cpp counts the module's calls of these host functions and lets them fail.
+# tests/unit/support/host_calls.cpp counts the module's calls of these host functions and lets them fail.
 foreach(name _Z9__AddNumb _Z9__SubNumb _Z9__MulNumb _Z9__DivNumb _Z10__RestNumb _Z7_OrNumb _Z8_AndNumb _Z8_XorNumb)
   target_link_options(unit_tests PRIVATE "LINKER:--wrap=${name}R8VariableRKS_S2_")
 endforeach()
 target_link_options(unit_tests PRIVATE LINKER:--wrap=_Z12GetConnectorv LINKER:--wrap=HMALLOC
   LINKER:--wrap=_ZN8VariableixEi LINKER:--wrap=_ZN8Variable5ClearEv
   LINKER:--wrap=_ZN7TalqAss10BreakJointEv)
-# tests/unit/processor_limit.cpp makes the processor one that can do less.
+# tests/unit/support/processor_limit.cpp makes the processor one that can do less.
 foreach(name _Z8HasSsse3v _Z7HasAvx2v _Z9HasAvx512v)
   target_link_options(unit_tests PRIVATE LINKER:--wrap=${name})
 endforeach()
@@ -52,8 +52,9 @@ watch_allocations(unit_tests)
 # order_tests: what must not depend on the order in which a compiler evaluates arguments. The unit tests hold it too; the
 # preset native-gcc builds it with a compiler of the other order.
 add_executable(order_tests EXCLUDE_FROM_ALL)
-foreach(name argument_order_test fake_bitmap fixture host_trace leftovers_listener row_arguments)
-  target_sources(order_tests PRIVATE "tests/unit/${name}.cpp")
+target_sources(order_tests PRIVATE tests/unit/module/argument_order_test.cpp)
+foreach(name fake_bitmap fixture host_trace leftovers_listener row_arguments)
+  target_sources(order_tests PRIVATE "tests/unit/support/${name}.cpp")
 endforeach()
 target_link_libraries(order_tests PRIVATE project_options ${tested_parts} GTest::gtest GTest::gtest_main)
 precompile_standard_headers(order_tests <gtest/gtest.h>)

@@ -11,7 +11,7 @@ string(REGEX REPLACE "(${reference_row})" "\\1\n" reference_bytes "${reference_b
 string(REGEX REPLACE "([0-9a-f][0-9a-f])" "0x\\1," reference_bytes "${reference_bytes}")
 file(CONFIGURE OUTPUT "${reference_source}" @ONLY CONTENT [[
 // Made from docs/reference.md.
-#include "devhost/reference.h"
+#include "devhost/runtime/reference.h"
 
 namespace devhost {
 namespace {

@@ -1,4 +1,4 @@
-# tests/unit/host_trace.cpp notes the module's calls of the host.
+# tests/unit/support/host_trace.cpp notes the module's calls of the host.
 function(trace_host_calls target)
   foreach(name
       _ZN11VarRegistercvfEv _ZN11VarRegistercviEv _ZN11VarRegister6IsTrueEv _ZN11VarRegistercvPhEv

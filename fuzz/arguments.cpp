@@ -1,7 +1,7 @@
 #include "fuzz/arguments.h"
 
-#include "devhost/runtime.h"
-#include "tests/unit/values.h"
+#include "devhost/runtime/runtime.h"
+#include "tests/unit/support/values.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "devhost/signature.h"
+#include "devhost/runtime/signature.h"
 #include "fuzz/world.h"
 
 class Arguments {

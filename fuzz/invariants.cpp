@@ -3,10 +3,10 @@
 #include <algorithm>
 
 #include "binding/errors.h"
-#include "devhost/access.h"
-#include "devhost/modules.h"
-#include "devhost/runtime.h"
-#include "tests/unit/allocation.h"
+#include "devhost/runtime/access.h"
+#include "devhost/runtime/modules.h"
+#include "devhost/runtime/runtime.h"
+#include "tests/unit/support/allocation.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "devhost/obj_reader.h"
+#include "devhost/data/obj_reader.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   devhost::ObjMesh mesh;

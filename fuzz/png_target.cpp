@@ -2,7 +2,7 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "devhost/png.h"
+#include "devhost/data/png.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   devhost::Picture picture;

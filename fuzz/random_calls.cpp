@@ -9,15 +9,15 @@
 #include <ctime>
 #include <memory>
 
-#include "devhost/payload.h"
-#include "devhost/runtime.h"
+#include "devhost/runtime/payload.h"
+#include "devhost/runtime/runtime.h"
 #include "fuzz/arguments.h"
 #include "fuzz/invariants.h"
 #include "module/exports.h"
-#include "tests/unit/allocation.h"
-#include "tests/unit/handler_registers.h"
-#include "tests/unit/leftovers.h"
-#include "tests/unit/values.h"
+#include "tests/unit/support/allocation.h"
+#include "tests/unit/support/handler_registers.h"
+#include "tests/unit/support/leftovers.h"
+#include "tests/unit/support/values.h"
 
 // A Variable keeps its pointer at an odd multiple of 4. The name is the sanitizer's.
 // NOLINTNEXTLINE(bugprone-reserved-identifier)

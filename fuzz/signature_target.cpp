@@ -2,7 +2,7 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "devhost/signature.h"
+#include "devhost/runtime/signature.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   devhost::Signature signature;

@@ -3,15 +3,15 @@
 #include <set>
 
 #include "classes/gl.h"
-#include "devhost/classes.h"
-#include "devhost/payload.h"
-#include "devhost/runtime.h"
+#include "devhost/runtime/classes.h"
+#include "devhost/runtime/payload.h"
+#include "devhost/runtime/runtime.h"
 #include "module/exports.h"
 #include "render/topengl.h"
 #include "tests/recorder/recorder.h"
-#include "tests/unit/fake_device.h"
-#include "tests/unit/load_module.h"
-#include "tests/unit/values.h"
+#include "tests/unit/support/fake_device.h"
+#include "tests/unit/support/load_module.h"
+#include "tests/unit/support/values.h"
 
 World::World(Random& random) : random(random) {
   recorder::Reset();

@@ -3,9 +3,9 @@
 #include <memory>
 
 #include "devhost/classes/tables.h"
-#include "devhost/files.h"
-#include "devhost/png.h"
-#include "devhost/text.h"
+#include "devhost/data/files.h"
+#include "devhost/data/png.h"
+#include "devhost/runtime/text.h"
 
 namespace devhost {
 namespace {

@@ -1,10 +1,10 @@
 // Matrix: m[row][column], the translation in the last column; matrices multiply column vectors from the left.
-#include "devhost/matrix.h"
+#include "devhost/data/matrix.h"
 
-#include "devhost/classes.h"
 #include "devhost/classes/point.h"
 #include "devhost/classes/tables.h"
-#include "devhost/text.h"
+#include "devhost/runtime/classes.h"
+#include "devhost/runtime/text.h"
 
 namespace devhost {
 namespace {

@@ -4,8 +4,8 @@
 #include <memory>
 
 #include "devhost/classes/tables.h"
-#include "devhost/frame_bitmap.h"
-#include "devhost/text.h"
+#include "devhost/data/frame_bitmap.h"
+#include "devhost/runtime/text.h"
 
 namespace devhost {
 namespace {

@@ -1,9 +1,9 @@
 // Mesh: a triangle mesh read from a Wavefront OBJ file.
 #include "devhost/classes/point.h"
 #include "devhost/classes/tables.h"
-#include "devhost/files.h"
-#include "devhost/obj_reader.h"
-#include "devhost/text.h"
+#include "devhost/data/files.h"
+#include "devhost/data/obj_reader.h"
+#include "devhost/runtime/text.h"
 
 namespace devhost {
 namespace {

@@ -1,8 +1,8 @@
 // POINT3: a point or direction with the fields x, y and z.
 #include "devhost/classes/point.h"
 
-#include "devhost/classes.h"
 #include "devhost/classes/tables.h"
+#include "devhost/runtime/classes.h"
 
 namespace devhost {
 namespace {

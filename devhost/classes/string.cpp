@@ -1,6 +1,6 @@
 // String: texts and byte buffers, which are the same thing.
 #include "devhost/classes/tables.h"
-#include "devhost/text.h"
+#include "devhost/runtime/text.h"
 
 namespace devhost {
 namespace {

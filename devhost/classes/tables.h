@@ -1,9 +1,9 @@
 // The method tables of the host's own classes and functions, and what their handlers share.
 #pragma once
 
-#include "devhost/access.h"
-#include "devhost/payload.h"
-#include "devhost/runtime.h"
+#include "devhost/runtime/access.h"
+#include "devhost/runtime/payload.h"
+#include "devhost/runtime/runtime.h"
 #include "host/talq.h"
 
 namespace devhost {

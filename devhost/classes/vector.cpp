@@ -1,6 +1,6 @@
 // Vector: the script's arrays.
 #include "devhost/classes/tables.h"
-#include "devhost/text.h"
+#include "devhost/runtime/text.h"
 
 namespace devhost {
 namespace {

@@ -1,6 +1,6 @@
 // Files as texts.
 #include "devhost/classes/tables.h"
-#include "devhost/files.h"
+#include "devhost/data/files.h"
 
 namespace devhost {
 namespace {

@@ -4,7 +4,7 @@
 #include <numbers>
 
 #include "devhost/classes/tables.h"
-#include "devhost/number.h"
+#include "devhost/runtime/number.h"
 
 namespace devhost {
 namespace {

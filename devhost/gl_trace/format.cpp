@@ -5,7 +5,7 @@
 #include <cstdio>
 
 #include "devhost/gl_trace/names.h"
-#include "devhost/text.h"
+#include "devhost/runtime/text.h"
 
 namespace gl_trace {
 namespace {

@@ -5,7 +5,7 @@
 #include <GL/gl.h>
 #include <GL/glu.h>
 
-#include "devhost/text.h"
+#include "devhost/runtime/text.h"
 
 namespace gl_trace {
 namespace {

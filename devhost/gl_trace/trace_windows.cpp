@@ -6,8 +6,8 @@
 
 #include "devhost/gl_trace/rows.h"
 #include "devhost/gl_trace/traced.h"
-#include "devhost/imports.h"
-#include "devhost/runtime.h"
+#include "devhost/runtime/imports.h"
+#include "devhost/runtime/runtime.h"
 
 namespace gl_trace {
 namespace {

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "devhost/runtime.h"
+#include "devhost/runtime/runtime.h"
 #include "devhost/script/source.h"
 
 namespace devhost::script {

@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <string>
 
-#include "devhost/payload.h"
+#include "devhost/runtime/payload.h"
 #include "devhost/script/path.h"
 
 namespace devhost::script {

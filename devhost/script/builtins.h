@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "devhost/runtime.h"
+#include "devhost/runtime/runtime.h"
 
 namespace devhost::script {
 

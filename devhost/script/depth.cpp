@@ -1,6 +1,6 @@
 #include "devhost/script/depth.h"
 
-#include "devhost/runtime.h"
+#include "devhost/runtime/runtime.h"
 #include "devhost/script/builtins.h"
 
 namespace devhost::script {

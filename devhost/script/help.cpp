@@ -1,6 +1,6 @@
 #include "devhost/script/help.h"
 
-#include "devhost/near_names.h"
+#include "devhost/runtime/near_names.h"
 
 namespace devhost::script {
 namespace {

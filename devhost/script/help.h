@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "devhost/reference.h"
+#include "devhost/runtime/reference.h"
 
 namespace devhost::script {
 

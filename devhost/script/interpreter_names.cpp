@@ -1,5 +1,5 @@
 // Names that mean nothing, and what may have been meant.
-#include "devhost/near_names.h"
+#include "devhost/runtime/near_names.h"
 #include "devhost/script/builtins.h"
 #include "devhost/script/interpreter.h"
 #include "devhost/script/trace.h"

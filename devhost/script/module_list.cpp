@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "devhost/text.h"
+#include "devhost/runtime/text.h"
 
 namespace devhost::script {
 namespace {

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "devhost/runtime.h"
+#include "devhost/runtime/runtime.h"
 
 namespace devhost::script {
 

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "devhost/files.h"
-#include "devhost/runtime.h"
+#include "devhost/data/files.h"
+#include "devhost/runtime/runtime.h"
 #include "devhost/script/command_line.h"
 #include "devhost/script/console.h"
 #include "devhost/script/help.h"

@@ -2,13 +2,13 @@
 
 #include <string_view>
 
-#include "devhost/reference.h"
+#include "devhost/runtime/reference.h"
+#include "devhost/runtime/text.h"
 #include "devhost/script/console.h"
 #include "devhost/script/help.h"
 #include "devhost/script/lexer.h"
 #include "devhost/script/script.h"
 #include "devhost/script/trace.h"
-#include "devhost/text.h"
 
 namespace devhost::script {
 namespace {

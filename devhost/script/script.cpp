@@ -3,10 +3,10 @@
 #include <string>
 #include <utility>
 
+#include "devhost/runtime/text.h"
 #include "devhost/script/interpreter.h"
 #include "devhost/script/parse.h"
 #include "devhost/script/trace.h"
-#include "devhost/text.h"
 
 namespace devhost::script {
 namespace {

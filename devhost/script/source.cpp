@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "devhost/text.h"
+#include "devhost/runtime/text.h"
 
 namespace devhost::script {
 namespace {

@@ -1,7 +1,7 @@
 #include "devhost/script/trace.h"
 
-#include "devhost/runtime.h"
-#include "devhost/text.h"
+#include "devhost/runtime/runtime.h"
+#include "devhost/runtime/text.h"
 
 namespace devhost::script {
 namespace {

@@ -8,7 +8,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "devhost/frame_bitmap.h"
+#include "devhost/data/frame_bitmap.h"
 
 namespace {
 

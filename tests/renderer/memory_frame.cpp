@@ -4,7 +4,7 @@
 
 #include <cstdio>
 
-#include "devhost/frame_bitmap.h"
+#include "devhost/data/frame_bitmap.h"
 
 MemoryFrame::MemoryFrame(int width, int height)
     : width(width), height(height), device(CreateCompatibleDC(nullptr)), bitmap(nullptr) {

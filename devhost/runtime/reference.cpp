@@ -1,0 +1,84 @@
+#include "devhost/runtime/reference.h"
+
+#include "devhost/runtime/text.h"
+
+namespace devhost {
+namespace {
+
+constexpr std::string_view kFence = "```\n";
+constexpr std::string_view kFenceEnd = "\n```";
+constexpr std::string_view kBlanks = " \r\n";
+
+// Cuts the first line off, with its end.
+std::string_view TakeLine(std::string_view& text) {
+  const std::size_t end = text.find('\n');
+  const std::string_view line = text.substr(0, end == text.npos ? text.size() : end + 1);
+  text.remove_prefix(line.size());
+  return line;
+}
+
+// Where the next heading's line begins, or the end.
+std::size_t FindHeading(std::string_view text) {
+  if (text.starts_with("##")) return 0;
+  const std::size_t lineEnd = text.find("\n##");
+  return lineEnd == text.npos ? text.size() : lineEnd + 1;
+}
+
+std::vector<ReferenceForm> FormsIn(std::string_view block) {
+  std::vector<ReferenceForm> forms;
+  while (!block.empty()) {
+    const std::string_view call = Trimmed(TakeLine(block), kBlanks);
+    forms.push_back({call, Trimmed(TakeLine(block), kBlanks)});
+  }
+  return forms;
+}
+
+ReferenceEntry MakeEntry(std::string_view name, std::string_view group, std::string_view body) {
+  ReferenceEntry entry;
+  entry.name = name;
+  entry.group = group;
+  body = Trimmed(body, kBlanks);
+  const std::size_t blockEnd = body.find(kFenceEnd, kFence.size());
+  if (body.starts_with(kFence) && blockEnd != body.npos) {
+    entry.block = body.substr(kFence.size(), blockEnd - kFence.size());
+    entry.forms = FormsIn(entry.block);
+    body.remove_prefix(blockEnd + kFenceEnd.size());
+  }
+  entry.text = Trimmed(body, kBlanks);
+  return entry;
+}
+
+}  // namespace
+
+std::vector<ReferenceEntry> ParseReference(std::string_view document) {
+  std::vector<ReferenceEntry> entries;
+  std::string_view group;
+  for (document.remove_prefix(FindHeading(document)); !document.empty();) {
+    const std::string_view heading = Trimmed(TakeLine(document), kBlanks);
+    const std::string_view body = document.substr(0, FindHeading(document));
+    document.remove_prefix(body.size());
+    if (heading.starts_with("## ")) group = heading.substr(3);
+    if (heading.starts_with("### ") && heading.find("::") != heading.npos) {
+      entries.push_back(MakeEntry(heading.substr(4), group, body));
+    }
+  }
+  return entries;
+}
+
+const std::vector<ReferenceEntry>& Reference() {
+  static const auto& entries = *new std::vector<ReferenceEntry>(ParseReference(ReferenceText()));
+  return entries;
+}
+
+std::string_view ArgumentsInReference(std::string_view signature) {
+  for (const ReferenceEntry& entry : Reference()) {
+    for (const ReferenceForm& form : entry.forms) {
+      if (form.signature != signature) continue;
+      const std::size_t open = form.call.find('(');
+      return open != form.call.npos && form.call.ends_with(')') ? form.call.substr(open) : std::string_view();
+    }
+  }
+  return {};
+}
+
+}  // namespace devhost

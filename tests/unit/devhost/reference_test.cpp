@@ -1,0 +1,131 @@
+// The reference in the program: its parts, and what help shows of it.
+#include "devhost/runtime/reference.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <set>
+#include <string>
+
+#include "devhost/runtime/signature.h"
+#include "devhost/script/help.h"
+#include "module/exports.h"
+
+namespace {
+
+using devhost::ReferenceEntry;
+
+constexpr const char* kDocument =
+    "# Title\n\nAn introduction.\n\n```talq\na = 1;\n```\n\n"
+    "## Solids\n\nRound things.\n\n"
+    "### Ball::Draw\n\n```\nDraw(radius)\n    Ball::Draw(number)\nDraw(POINT3)\n    Ball::Draw(refer object POINT3)\n```\n\n"
+    "Draws it.\n\n- Twice.\n\nExample: `ball->Draw(1);`\n\n"
+    "## Others\n\n"
+    "### Box::Draw\n\n```\nDraw()\n    Box::Draw(void)\n```\n\nExample: `box->Draw();`\n\n"
+    "### Ball::*\n\n```\nball * number\n    Ball::*(number)\n```\n\nExample: `ball * 2;`\n";
+
+std::string HelpOn(std::string_view topic, const std::vector<ReferenceEntry>& reference) {
+  std::string text;
+  std::string message;
+  return devhost::script::FindHelp(reference, topic, text, message) ? text : "refused: " + message;
+}
+
+// The entry's part of the document, without the marks of headings and fences.
+std::string EntryInDocument(std::string_view name) {
+  const std::string heading = "### " + std::string(name) + "\n";
+  const std::string_view document = devhost::ReferenceText();
+  const std::size_t start = document.find(heading) + 4;
+  std::string text(document.substr(start, document.find("\n#", start) - start));
+  for (const char* fence : {"\n```\n", "\n```\n"}) text.replace(text.find(fence), 5, "\n");
+  while (text.ends_with("\n\n")) text.pop_back();
+  return text;
+}
+
+TEST(ReferenceTest, IsCutIntoEntries) {
+  const std::vector<ReferenceEntry> entries = devhost::ParseReference(kDocument);
+  ASSERT_EQ(entries.size(), 3U);
+  const ReferenceEntry& draw = entries[0];
+  EXPECT_EQ(draw.name, "Ball::Draw");
+  EXPECT_EQ(draw.ClassName(), "Ball");
+  EXPECT_EQ(draw.MethodName(), "Draw");
+  EXPECT_EQ(draw.group, "Solids");
+  ASSERT_EQ(draw.forms.size(), 2U);
+  EXPECT_EQ(draw.forms[1].call, "Draw(POINT3)");
+  EXPECT_EQ(draw.forms[1].signature, "Ball::Draw(refer object POINT3)");
+  EXPECT_EQ(draw.text, "Draws it.\n\n- Twice.\n\nExample: `ball->Draw(1);`");
+  EXPECT_EQ(entries[2].group, "Others");
+  EXPECT_EQ(entries[2].text, "Example: `ball * 2;`");
+}
+
+TEST(ReferenceTest, OtherTextsHaveNoEntries) {
+  for (const char* text : {"", "#", "##", "## Title", "### no method", "```", "### \n", "text\n## "}) {
+    EXPECT_TRUE(devhost::ParseReference(text).empty()) << text;
+  }
+  EXPECT_TRUE(devhost::ParseReference("### A::B\n\n```\nB()").front().forms.empty());
+}
+
+TEST(ReferenceTest, EveryEntryHasFormsTextAndExample) {
+  std::set<std::string_view> names;
+  for (const ReferenceEntry& entry : devhost::Reference()) {
+    EXPECT_TRUE(names.insert(entry.name).second) << entry.name << " stands twice";
+    EXPECT_FALSE(entry.forms.empty()) << entry.name;
+    EXPECT_FALSE(entry.group.empty()) << entry.name;
+    const std::size_t example = entry.text.rfind("\n\nExample: `");
+    EXPECT_NE(example, std::string_view::npos) << entry.name << " lacks a text or an example";
+    EXPECT_TRUE(entry.text.ends_with("`")) << entry.name << " does not end with its example";
+  }
+}
+
+TEST(ReferenceTest, NamesTheArgumentsOfEveryRow) {
+  for (const MethodEntry* row = GetMethodTable(nullptr); row->signature != nullptr; ++row) {
+    devhost::Signature signature;
+    std::string fault;
+    ASSERT_TRUE(devhost::ParseSignature(row->signature, signature, fault)) << fault;
+    const std::string_view arguments = devhost::ArgumentsInReference(row->signature);
+    if (signature.method.starts_with('*')) {
+      EXPECT_EQ(arguments, "") << row->signature;
+      continue;
+    }
+    ASSERT_TRUE(arguments.starts_with('(') && arguments.ends_with(')')) << row->signature;
+    const auto commas = static_cast<std::size_t>(std::count(arguments.begin(), arguments.end(), ','));
+    const std::size_t count = arguments == "()" ? 0 : commas + 1;
+    EXPECT_GE(count, signature.parameters.size()) << row->signature << " is called with " << arguments;
+    if (!signature.hasRest) {
+      EXPECT_EQ(count, signature.parameters.size()) << row->signature << " is called with " << arguments;
+    }
+  }
+  EXPECT_EQ(devhost::ArgumentsInReference("TOpenGL::Rotate(number)"), "");
+}
+
+TEST(ScriptHelpTest, ShowsEveryEntryAsInTheDocument) {
+  ASSERT_FALSE(devhost::Reference().empty());
+  for (const ReferenceEntry& entry : devhost::Reference()) {
+    EXPECT_EQ(HelpOn(entry.name, devhost::Reference()), EntryInDocument(entry.name));
+  }
+}
+
+TEST(ScriptHelpTest, FindsAMethodInEveryClassThatHasIt) {
+  const std::vector<ReferenceEntry> reference = devhost::ParseReference(kDocument);
+  EXPECT_EQ(HelpOn("Draw", reference),
+            "Ball::Draw\n\nDraw(radius)\n    Ball::Draw(number)\nDraw(POINT3)\n    Ball::Draw(refer object POINT3)\n\n"
+            "Draws it.\n\n- Twice.\n\nExample: `ball->Draw(1);`\n"
+            "\n"
+            "Box::Draw\n\nDraw()\n    Box::Draw(void)\n\nExample: `box->Draw();`\n");
+  EXPECT_EQ(HelpOn("*", reference), "Ball::*\n\nball * number\n    Ball::*(number)\n\nExample: `ball * 2;`\n");
+}
+
+TEST(ScriptHelpTest, ListsTheCallsOfAClassByGroup) {
+  EXPECT_EQ(HelpOn("Ball", devhost::ParseReference(kDocument)),
+            "Ball\n\nSolids\n  Draw(radius)\n  Draw(POINT3)\n\nOthers\n  ball * number\n");
+}
+
+TEST(ScriptHelpTest, NamesWhatMayHaveBeenMeant) {
+  const std::vector<ReferenceEntry> reference = devhost::ParseReference(kDocument);
+  EXPECT_EQ(HelpOn("Bll", reference), "refused: the reference has no entry 'Bll'; did you mean Ball?");
+  EXPECT_EQ(HelpOn("draw", reference), "refused: the reference has no entry 'draw'; did you mean Draw?");
+  EXPECT_EQ(HelpOn("ball::darw", reference),
+            "refused: the reference has no entry 'ball::darw'; did you mean Ball::Draw?");
+  EXPECT_EQ(HelpOn("Sphere", reference), "refused: the reference has no entry 'Sphere'");
+}
+
+}  // namespace

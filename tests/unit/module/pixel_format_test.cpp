@@ -1,0 +1,105 @@
+// The pixel format that opening asks for, and what shows a double-buffered frame.
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "classes/gl.h"
+#include "tests/unit/support/fixture.h"
+
+namespace {
+
+using PixelFormatTest = ModuleTest;
+using Bytes = std::vector<unsigned char>;
+
+// The 40 bytes of the descriptor, written out by offset.
+Bytes Descriptor(unsigned flags) {
+  Bytes bytes(40, 0);
+  bytes[0] = 40;  // nSize
+  bytes[2] = 1;   // nVersion
+  for (std::size_t i = 0; i < 4; ++i) bytes[4 + i] = static_cast<unsigned char>(flags >> (8 * i));
+  bytes[8] = 24;   // iPixelType
+  bytes[22] = 16;  // cAccumAlphaBits
+  return bytes;
+}
+
+// Expects that the choice and the setting each had this descriptor.
+void ExpectDescriptor(unsigned flags) {
+  int found = 0;
+  for (const recorder::Call& call : recorder::Get().calls) {
+    if (!call.name.ends_with("PixelFormat")) continue;
+    EXPECT_EQ(call.bytes, Descriptor(flags)) << call.Text();
+    ++found;
+  }
+  EXPECT_EQ(found, 2);
+  TakeLog();
+}
+
+TEST_F(PixelFormatTest, WindowFlagsFollowAccelerationAndDoubleBuffering) {
+  const struct {
+    bool accelerated, doubled;
+    unsigned flags;
+  } cases[] = {{false, false, 0x464}, {false, true, 0x465}, {true, false, 0x1424}, {true, true, 0x1425}};
+  for (const auto& each : cases) {
+    Variable renderer = NewRenderer();
+    Call(renderer, "UseAccelerator", each.accelerated);
+    Call(renderer, "EnableDoubleBuff", each.doubled);
+    EXPECT_EQ(TakeLog(), "");
+    Call(renderer, "Open", NewObject("MDC"));
+    ExpectDescriptor(each.flags);
+    Call(renderer, "BindMDC", NewObject("MDC"));
+    ExpectDescriptor(each.flags);
+    Call(renderer, "Close");
+    TakeLog();
+  }
+}
+
+TEST_F(PixelFormatTest, BitmapFlagsFollowNothing) {
+  for (const bool on : {false, true}) {
+    Variable renderer = NewRenderer();
+    Call(renderer, "UseAccelerator", on);
+    Call(renderer, "EnableDoubleBuff", on);
+    Call(renderer, "OpenBitmap", NewObject("MDC"));
+    ExpectDescriptor(0x438);
+    Call(renderer, "Close");
+    TakeLog();
+  }
+}
+
+TEST_F(PixelFormatTest, ChosenNumberIsSetUnchecked) {
+  for (const int format : {0, 9}) {
+    recorder::Get().answers.pixelFormat = format;
+    Variable renderer = OpenRenderer();
+    Call(renderer, "BindMDC", NewObject("MDC"));
+    EXPECT_NE(TakeLog().find("SetPixelFormat(0x1000, " + std::to_string(format) + ","), std::string::npos);
+    EXPECT_EQ(static_cast<int>(Call(renderer, "IsOpen")), 1);
+  }
+}
+
+TEST_F(PixelFormatTest, DoubleBufferingIsReported) {
+  Variable renderer = NewRenderer();
+  Call(renderer, "EnableDoubleBuff", true);
+  EXPECT_EQ(static_cast<int>(Call(renderer, "GetDoubleBuff")), 1);
+  Call(renderer, "EnableDoubleBuff", false);
+  EXPECT_EQ(static_cast<int>(Call(renderer, "GetDoubleBuff")), 0);
+}
+
+TEST_F(PixelFormatTest, SwapNeedsADeviceAndDoubleBuffering) {
+  Variable renderer = NewRenderer();
+  Call(renderer, "EnableDoubleBuff", true);
+  Call(renderer, "SwapBuffers");
+  EXPECT_EQ(TakeLog(), "");
+  Call(renderer, "Open", NewObject("MDC"));
+  TakeLog();
+  Call(renderer, "SwapBuffers");
+  EXPECT_EQ(TakeLog(), "SwapBuffers(0x1000)\n");
+  Call(renderer, "EnableDoubleBuff", false);
+  Call(renderer, "SwapBuffers");
+  EXPECT_EQ(TakeLog(), "");
+  Call(renderer, "EnableDoubleBuff", true);
+  Call(renderer, "FreeMDC");
+  TakeLog();
+  Call(renderer, "SwapBuffers");
+  EXPECT_EQ(TakeLog(), "");
+}
+
+}  // namespace
