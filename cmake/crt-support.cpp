@@ -17,6 +17,15 @@ void operator delete(void* p, std::size_t) noexcept { std::free(p); }
 void operator delete[](void* p, std::size_t) noexcept { std::free(p); }
 // NOLINTEND(readability-inconsistent-declaration-parameter-name)
 
+// The class of RTTI's type descriptors, which begin with its virtual table. The constructor brings the table about.
+class type_info {
+ public:
+  type_info();
+  virtual ~type_info();
+};
+type_info::type_info() = default;
+type_info::~type_info() = default;
+
 namespace std {
 extern const nothrow_t nothrow{};
 }

@@ -8,7 +8,8 @@ target_compile_options(talq_module_trap PRIVATE
   -fsanitize=undefined -fno-sanitize=vptr,alignment,object-size -fsanitize-trap=undefined)
 add_renderer_program(volume_picture_trap volume_picture talq_module_trap)
 add_renderer_program(raster_position_trap raster_position talq_module_trap)
-set(trap_targets talq_module_trap volume_picture_trap raster_position_trap)
+add_renderer_program(native_type_trap native_type talq_module_trap)
+set(trap_targets talq_module_trap volume_picture_trap raster_position_trap native_type_trap)
 set_target_properties(${trap_targets} PROPERTIES
   EXCLUDE_FROM_ALL ON RUNTIME_OUTPUT_DIRECTORY "${trap_dir}" ARCHIVE_OUTPUT_DIRECTORY "${trap_dir}")
 

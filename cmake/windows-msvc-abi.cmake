@@ -4,8 +4,8 @@
 # compiler makes them), libc++ headers give the C++ library, MinGW gives the C headers, the C runtime, the import
 # libraries and the linker: GNU ld, because it writes the export ordinal base that the .def file asks for.
 #
-# There are no exceptions, no RTTI, no threads, streams, locales or file system library; the rest of the C++ library
-# that needs only headers is there. `operator new` returns null when memory is out.
+# There are no exceptions, no RTTI but that of the module's classes, no threads, streams, locales or file system library;
+# the rest of the C++ library that needs only headers is there. `operator new` returns null when memory is out.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
 set(LLVM_VERSION 19 CACHE STRING "Major version of the LLVM packages")

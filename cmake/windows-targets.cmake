@@ -29,6 +29,8 @@ function(add_module target)
   set_target_properties(${target} PROPERTIES OUTPUT_NAME TalqOpenGL LINK_DEPENDS "${host_library}")
   target_link_libraries(${target} PRIVATE project_options "${host_library}" opengl32 glu32 gdi32)
   add_dependencies(${target} host_names)
+  # A host that asks a native object for its type (dynamic_cast, typeid) reads the word before its virtual table.
+  target_compile_options(${target} PRIVATE ${rtti_option})
   if(TALQ_MINGW_RUNTIME)
     # The C runtime's own printf serves the module's few texts; MinGW's would make the DLL a fifth larger.
     target_compile_definitions(${target} PRIVATE __USE_MINGW_ANSI_STDIO=0)
@@ -57,7 +59,7 @@ add_executable(driver_growth tests/contexts/driver_growth.cpp)
 target_link_libraries(driver_growth PRIVATE project_options opengl32 gdi32)
 
 # Programs of the tests that use the renderer itself, for what no script reaches.
-foreach(name volume_picture raster_position)
+foreach(name volume_picture raster_position native_type)
   add_library(${name}_part OBJECT tests/renderer/${name}.cpp tests/renderer/memory_frame.cpp)
   target_link_libraries(${name}_part PRIVATE project_options)
 endforeach()
@@ -71,6 +73,8 @@ function(add_renderer_program target program module)
 endfunction()
 add_renderer_program(volume_picture volume_picture talq_module)
 add_renderer_program(raster_position raster_position talq_module)
+add_renderer_program(native_type native_type talq_module)
+target_compile_options(native_type_part PRIVATE ${rtti_option})
 
 if(TALQ_MSVC_ABI_CROSS)
   include(cmake/trap-targets.cmake)

@@ -143,6 +143,8 @@ def test_native_classes_have_the_two_virtual_slots_of_the_host():
     assert NATIVE_CLASSES - set(tables) == set()
     for name, copies in tables.items():
         for size, slots in copies:
-            assert size == 16, name
-            assert slots[0] == "?PlaceHolder@TalqAss@@MEAAXXZ", name
-            assert re.fullmatch(rf"\?\?_[GE]{name}@@UEAAPEAXI@Z", slots[8]), name
+            # The word before the slots leads to the class's type.
+            assert size == 24, name
+            assert slots[0] == f"??_R4{name}@@6B@", name
+            assert slots[8] == "?PlaceHolder@TalqAss@@MEAAXXZ", name
+            assert re.fullmatch(rf"\?\?_[GE]{name}@@UEAAPEAXI@Z", slots[16]), name

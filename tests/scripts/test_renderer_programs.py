@@ -13,6 +13,17 @@ def test_bits_advance_the_raster_position_by_their_width(run_program):
     assert run.stdout == "8: 8 0\n0: 0 0\n13: 13 0\n"
 
 
+def test_the_runtime_knows_the_classes_of_native_objects(run_program):
+    run = run_program("native_type.exe")
+    assert run.exit_code == 0, run.shown()
+    assert run.stdout.splitlines() == [
+        "OGLColor: OGLColor 1, OGLMaterialColor 0, OGLFog 0, TOpenGL 0",
+        "OGLMaterialColor: OGLColor 1, OGLMaterialColor 1, OGLFog 0, TOpenGL 0",
+        "OGLFog: OGLColor 1, OGLMaterialColor 0, OGLFog 1, TOpenGL 0",
+        "TOpenGL: OGLColor 0, OGLMaterialColor 0, OGLFog 0, TOpenGL 1",
+    ]
+
+
 class Cloud:
     """The visible voxels of a drawn volume, where they lie in the picture, and their colours."""
 
