@@ -17,9 +17,9 @@ set(CMAKE_MT llvm-mt-${LLVM_VERSION})
 set(CMAKE_RC_COMPILER llvm-rc-${LLVM_VERSION})
 set(CMAKE_TRY_COMPILE_TARGET_TYPE STATIC_LIBRARY)
 set(CMAKE_CXX_COMPILER_WORKS TRUE)
-set(CMAKE_MSVC_RUNTIME_LIBRARY "")
 
-# Off are what Microsoft's runtime serves: exceptions, RTTI (the module has it), security cookies, statics that wait for other threads.
+# Off are what Microsoft's runtime serves: exceptions, RTTI (but in the module), security cookies, statics that wait for
+# other threads.
 # -fgnuc-version defines the macros by which MinGW's headers choose what they declare, and nothing else.
 include("${here}/linux-headers.cmake")
 list(TRANSFORM header_folders PREPEND "/imsvc ")

@@ -1,5 +1,5 @@
 # TalqOpenGL.dll, and the development host: Talq.dll with the program talq.exe.
-# Target names differ by more than case, because project files on Windows are named after them.
+# Target names and the files of the build differ by more than case, which Windows does not look at.
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}")
 
 if(TALQ_MINGW_RUNTIME)
@@ -51,7 +51,9 @@ target_link_libraries(talq_host PRIVATE project_options gdi32 user32)
 precompile_standard_headers(talq_host)
 
 add_executable(talq_program ${program_sources})
-set_target_properties(talq_program PROPERTIES OUTPUT_NAME talq PDB_NAME talq_program)
+# A linker may write an import library for a program too; Talq.lib is that of Talq.dll.
+set_target_properties(talq_program PROPERTIES
+  OUTPUT_NAME talq ARCHIVE_OUTPUT_NAME talq_program PDB_NAME talq_program)
 target_link_libraries(talq_program PRIVATE project_options talq_host)
 
 # What the tests run beside talq: how much memory the driver itself keeps of contexts that are gone.

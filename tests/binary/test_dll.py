@@ -44,6 +44,9 @@ EXPORTS = {
 # What the module may import besides the host: OpenGL, GDI, the kernel and the C runtime.
 SYSTEM_LIBRARIES = {b"OPENGL32.dll", b"GLU32.dll", b"GDI32.dll", b"KERNEL32.dll", b"msvcrt.dll"}
 
+# What the development host may import besides: windows and their input.
+HOST_LIBRARIES = SYSTEM_LIBRARIES | {b"USER32.dll"}
+
 # The module's classes that derive from the host's TalqAss.
 NATIVE_CLASSES = {"OGLColor", "OGLMaterialColor", "OGLMaterial", "OGLLightColor", "OGLFog", "TOpenGL"}
 
@@ -89,6 +92,12 @@ def test_module_imports_only_system_libraries_besides(module):
     libraries = {name.lower() for name in imports(module)} - {b"talq.dll"}
     assert libraries - {name.lower() for name in SYSTEM_LIBRARIES} == set()
     assert b"opengl32.dll" in libraries
+
+
+@pytest.mark.parametrize("path", [HOST, BUILD / "talq.exe"], ids=lambda path: path.name)
+def test_the_development_host_needs_no_library_that_windows_lacks(path):
+    libraries = {name.lower() for name in imports(pefile.PE(str(path)))} - {b"talq.dll"}
+    assert libraries - {name.lower() for name in HOST_LIBRARIES} == set()
 
 
 def test_host_exports_all_names_that_modules_import(host):
