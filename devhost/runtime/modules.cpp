@@ -81,6 +81,11 @@ bool TraceOpenGl(const Module& module) {
   return false;
 }
 
+std::string ProbeOpenGl(const Module& module) {
+  Raise(kErrorFile, module.path + ": modules are Windows libraries, whose OpenGL cannot be asked here.");
+  return {};
+}
+
 void FreeModuleLibrary(HINSTANCE__*) {}
 #endif
 

@@ -141,6 +141,10 @@ bool UseArithmeticOf(const Module& module);
 // Until the module is unloaded, each call that it makes of OpenGL, GLU, WGL or GDI is printed to standard error. False
 // with an error raised when it imports a function of theirs that cannot be traced.
 bool TraceOpenGl(const Module& module);
+// What this machine's OpenGL gives to the module: it opens renderers on a memory bitmap and on windows, and the pixel
+// formats that it asks for are tried on other devices too. What fails stands in the report, with the system's error
+// number.
+std::string ProbeOpenGl(const Module& module);
 // Destroys every remaining script object and unloads the modules; prints each native object still joined.
 // Returns how many those were.
 int UnloadModules();

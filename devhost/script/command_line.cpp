@@ -9,6 +9,7 @@ const char* const kUsage =
     "       talq [option...] -e 'statements' [argument...]\n"
     "       talq [option...] -i\n"
     "       talq [option...] --list\n"
+    "       talq [option...] --probe\n"
     "       talq --help [name]\n"
     "\n"
     "Runs a Talq script; its arguments are what its first statement, 'param', names.\n"
@@ -16,6 +17,7 @@ const char* const kUsage =
     "  -e 'statements'  run these statements\n"
     "  -i               run statements as they are entered\n"
     "  --list           show the module's version, methods and errors\n"
+    "  --probe          show what this machine's OpenGL gives to the module: pixel formats, maker, limits\n"
     "  --module PATH    load this module (else: TalqOpenGL.dll beside the program)\n"
     "  --no-module      load no module\n"
     "  --module-arithmetic\n"
@@ -33,6 +35,8 @@ namespace {
 bool ReadSwitch(std::string_view argument, CommandLine& commandLine) {
   if (argument == "--list") {
     commandLine.action = CommandLine::Action::List;
+  } else if (argument == "--probe") {
+    commandLine.action = CommandLine::Action::Probe;
   } else if (argument == "-i") {
     commandLine.action = CommandLine::Action::Interact;
   } else if (argument == "--no-module") {
@@ -50,6 +54,7 @@ bool ReadSwitch(std::string_view argument, CommandLine& commandLine) {
 // The option that asks for an action without a script; null for other actions.
 const char* LoneOption(CommandLine::Action action) {
   if (action == CommandLine::Action::List) return "--list";
+  if (action == CommandLine::Action::Probe) return "--probe";
   return action == CommandLine::Action::Interact ? "-i" : nullptr;
 }
 
@@ -57,6 +62,7 @@ const char* LoneOption(CommandLine::Action action) {
 bool Fits(const CommandLine& commandLine, std::string& message) {
   if (commandLine.usesModule) return true;
   if (commandLine.action == CommandLine::Action::List) message = "--list and --no-module exclude each other";
+  if (commandLine.action == CommandLine::Action::Probe) message = "--probe and --no-module exclude each other";
   if (commandLine.moduleArithmetic) message = "--module-arithmetic and --no-module exclude each other";
   if (commandLine.tracesGl) message = "--trace-gl and --no-module exclude each other";
   return message.empty();

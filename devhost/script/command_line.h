@@ -7,7 +7,7 @@
 namespace devhost::script {
 
 struct CommandLine {
-  enum class Action { Help, List, Interact, RunFile, RunText };
+  enum class Action { Help, List, Probe, Interact, RunFile, RunText };
 
   Action action = Action::RunFile;
   std::string topic;      // of --help; empty: the program itself

@@ -78,6 +78,10 @@ bool RunCommand(const CommandLine& commandLine) {
     Print(DescribeModule(*module));
     return true;
   }
+  if (module != nullptr && commandLine.action == CommandLine::Action::Probe) {
+    Print(ProbeOpenGl(*module));
+    return true;
+  }
   if (commandLine.action == CommandLine::Action::Interact) {
     return RunPrompt(stdin, module != nullptr ? module->version : "No module is loaded.", ReadScript);
   }

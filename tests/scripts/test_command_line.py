@@ -16,7 +16,7 @@ def assert_located(run, place, message, line, column):
 def test_help_names_every_option(talq_options):
     run = talq_options("--help")
     assert run.exit_code == 0, run.shown()
-    options = ["-e ", "-i ", "--list", "--module ", "--no-module", "--module-arithmetic", "--trace-gl", "--help NAME"]
+    options = ["-e ", "-i ", "--list", "--probe", "--module ", "--no-module", "--module-arithmetic", "--trace-gl", "--help NAME"]
     for option in options:
         assert option in run.stdout
 

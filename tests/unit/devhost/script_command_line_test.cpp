@@ -60,9 +60,10 @@ TEST(ScriptCommandLineTest, KnowsTheTrace) {
   EXPECT_FALSE(Reading({"scene.talq", "--trace-gl"}).commandLine.tracesGl);
 }
 
-TEST(ScriptCommandLineTest, KnowsHelpAndList) {
+TEST(ScriptCommandLineTest, KnowsHelpListAndProbe) {
   EXPECT_EQ(Reading({"--help"}).commandLine.action, CommandLine::Action::Help);
   EXPECT_EQ(Reading({"--list"}).commandLine.action, CommandLine::Action::List);
+  EXPECT_EQ(Reading({"--probe"}).commandLine.action, CommandLine::Action::Probe);
   EXPECT_EQ(Reading({"--no-module", "-i"}).commandLine.action, CommandLine::Action::Interact);
   EXPECT_EQ(Reading({"--help"}).commandLine.topic, "");
   EXPECT_EQ(Reading({"--help", "Sphere"}).commandLine.action, CommandLine::Action::Help);

@@ -1,0 +1,127 @@
+// The report of `talq --probe`: what a module's renderer gets in each way to open it, and the machine around it.
+#include <windows.h>
+
+#include <array>
+
+#include "devhost/gl_trace/format.h"
+#include "devhost/probe/gl_library_windows.h"
+#include "devhost/probe/probe_device_windows.h"
+#include "devhost/probe/probe_format_windows.h"
+#include "devhost/runtime/imports.h"
+#include "devhost/runtime/runtime.h"
+#include "devhost/runtime/text.h"
+
+namespace devhost {
+namespace {
+
+// What the module asked for when it last chose a pixel format.
+PIXELFORMATDESCRIPTOR asked;
+
+int WINAPI NoteAndChoose(HDC device, const PIXELFORMATDESCRIPTOR* descriptor) {
+  asked = *descriptor;
+  return ChoosePixelFormat(device, descriptor);
+}
+
+// A way for a script to open a renderer.
+struct Opening {
+  const char* name;
+  bool onWindow;
+  bool doubleBuffered;
+  bool accelerated;
+};
+
+constexpr Opening kOpenings[] = {
+    {"a memory bitmap", false, false, false},
+    {"a window", true, false, false},
+    {"a window, double-buffered", true, true, false},
+    {"a window, with the accelerator", true, false, true},
+    {"a window, with the accelerator, double-buffered", true, true, true},
+};
+
+// Opens the module's renderer as a script would, and closes it; false with an error raised.
+bool OpenRenderer(const Opening& opening) {
+  std::array<Variable, 2> objects;  // the renderer goes first
+  auto& [renderer, device] = objects;
+  std::vector<Variable> size(2);
+  Assign(size[0], Variable(kProbeSide));
+  Assign(size[1], Variable(kProbeSide));
+  if (opening.onWindow) AssignText(size.emplace_back(), "Probe");
+  Variable nothing;
+  std::array<Variable, 1> isOn;
+  const auto call = [&](const char* method, std::span<Variable> args) {
+    return CallMethod(nothing, renderer, method, args);
+  };
+  if (!Construct(device, "MDC", size) || !Construct(renderer, "TOpenGL", {})) return false;
+  Assign(isOn[0], Variable(opening.doubleBuffered ? 1 : 0));
+  if (!call("EnableDoubleBuff", isOn)) return false;
+  Assign(isOn[0], Variable(opening.accelerated ? 1 : 0));
+  if (!call("UseAccelerator", isOn)) return false;
+  const bool isOpened = call(opening.onWindow ? "Open" : "OpenBitmap", std::span(&device, 1));
+  return isOpened && call("Close", {});
+}
+
+// The descriptor, as the module filled it in.
+std::string DescribeAsked() {
+  return "    asked for: " + gl_trace::Format(gl_trace::PixelFormatFlags{asked.dwFlags}) + "; pixel type " +
+         Decimal(asked.iPixelType) + "; bits: colour " + Decimal(asked.cColorBits) + ", depth " +
+         Decimal(asked.cDepthBits) + ", accumulated alpha " + Decimal(asked.cAccumAlphaBits) + "\n";
+}
+
+std::string Probe(const Opening& opening) {
+  asked = {};
+  std::string report = std::string("  ") + opening.name + ": ";
+  if (OpenRenderer(opening)) {
+    report += "the renderer opens\n";
+  } else {
+    report += "the renderer does not open: " + PendingError()->text + "\n";
+    ClearError();
+  }
+  if (asked.nSize == 0) return report;
+  report += DescribeAsked();
+  const auto tryOn = [&](const char* name, const ProbeDevice& target) {
+    report += name;
+    report += target.Device() ? TryFormat(target.Device(), asked) : "    there is none\n";
+  };
+  if (opening.onWindow) {
+    ProbeDevice window;
+    window.OpenWindow();
+    tryOn("", window);
+  } else {
+    for (const WORD bits : {WORD{24}, WORD{32}}) {
+      ProbeDevice bitmap;
+      bitmap.OpenBitmap(bits);
+      tryOn(bits == 24 ? "   of 24 bits a pixel:\n" : "   of 32 bits a pixel:\n", bitmap);
+    }
+  }
+  return report;
+}
+
+// Windows' own number, or Wine's name and number beside it.
+std::string DescribeSystem() {
+  OSVERSIONINFOW version{};
+  version.dwOSVersionInfoSize = sizeof version;
+  using GetVersionFunction = LONG WINAPI(OSVERSIONINFOW*);
+  using WineVersionFunction = const char* CDECL();
+  if (auto* getVersion = LibraryFunction<GetVersionFunction>("ntdll.dll", "RtlGetVersion")) getVersion(&version);
+  std::string text = "Windows " + Decimal(version.dwMajorVersion) + "." + Decimal(version.dwMinorVersion) + "." +
+                     Decimal(version.dwBuildNumber);
+  auto* wineVersion = LibraryFunction<WineVersionFunction>("ntdll.dll", "wine_get_version");
+  return wineVersion ? text + " (Wine " + wineVersion() + ")" : text;
+}
+
+}  // namespace
+
+std::string ProbeOpenGl(const Module& module) {
+  for (const Import& import : ImportsOf(module.handle)) {
+    if (import.function == "ChoosePixelFormat") Redirect(import, reinterpret_cast<void*>(NoteAndChoose));
+  }
+  const auto* glu = reinterpret_cast<const char*>(GL_CALL("glu32.dll", gluGetString)(GLU_VERSION));
+  std::string report = "module:     " + module.version + "\nsystem:     " + DescribeSystem() + "\ncode pages: ANSI " +
+                       Decimal(GetACP()) + ", OEM " + Decimal(GetOEMCP()) + ", console input " +
+                       Decimal(GetConsoleCP()) + ", console output " + Decimal(GetConsoleOutputCP()) +
+                       "\nGLU:        " + (glu ? glu : "unknown") + "\nrenderers:\n";
+  for (const Opening& opening : kOpenings) report += Probe(opening);
+  return report;
+}
+
+}  // namespace devhost
