@@ -1,11 +1,12 @@
 // The library's entry point and what the host asks a module for by ordinal.
-#include <cstdio>
 #include <cstring>
 
 #include "classes/gl.h"
 #include "module/exports.h"
 
 namespace {
+
+constexpr char kVersionText[] = "TALQ Support DLL v5.0 |TALQ version:5.03.04.a";
 
 HINSTANCE moduleInstance = nullptr;
 
@@ -19,10 +20,7 @@ extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID /*reserv
 HINSTANCE__* TalqSystemGetLibInst() { return moduleInstance; }
 
 char* WriteVersionText(char* buffer, unsigned length) {
-  char text[64];
-  std::snprintf(text, sizeof(text), "TALQ Support DLL v5.0 |TALQ version:%d.%02d.%02d", 5, 3, 4);
-  std::strcat(text, ".a");
-  return std::strncpy(buffer, text, length);
+  return std::strncpy(buffer, kVersionText, length);
 }
 
 void DoNothing(void* /*unused*/) {}
