@@ -2,6 +2,7 @@
 #include <cstdint>
 #include <cstdlib>
 
+#include "devhost/data/mesh_triangles.h"
 #include "devhost/data/obj_reader.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

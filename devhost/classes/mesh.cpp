@@ -2,6 +2,7 @@
 #include "devhost/classes/point.h"
 #include "devhost/classes/tables.h"
 #include "devhost/data/files.h"
+#include "devhost/data/mesh_triangles.h"
 #include "devhost/data/obj_reader.h"
 #include "devhost/runtime/text.h"
 

@@ -1,8 +1,7 @@
-// A mesh expanded to the triangles that are drawn.
+#include "devhost/data/mesh_triangles.h"
+
 #include <algorithm>
 #include <cmath>
-
-#include "devhost/data/obj_reader.h"
 
 namespace devhost {
 namespace {

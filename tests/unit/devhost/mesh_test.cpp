@@ -2,6 +2,7 @@
 #include <cstdio>
 
 #include "devhost/data/files.h"
+#include "devhost/data/mesh_triangles.h"
 #include "devhost/data/obj_reader.h"
 #include "tests/unit/support/devhost_fixture.h"
 

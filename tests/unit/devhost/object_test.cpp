@@ -29,7 +29,6 @@ void MakeLoose(VarRegister&, VarRegister*, int, Processor*) {}
 void GetRed(VarRegister& result, VarRegister*, int, Processor*) { result = 0.25f; }
 void GetGreen(VarRegister&, VarRegister*, int, Processor*) { TalqError(8); }
 
-// clang-format off
 const MethodEntry kMethods[] = {
     {Make, "Holder::Holder(void)"},
     {Destroy, "Holder::~Holder(void)"},
@@ -39,7 +38,6 @@ const MethodEntry kMethods[] = {
     {MakeLoose, "Loose::Loose(void)"},
     {nullptr, nullptr},
 };
-// clang-format on
 
 const ErrorEntry kErrors[] = {
     {0, "The device is not valid", "WRONG_DEVICE"},
