@@ -16,7 +16,7 @@ bool HasOpenGL();
 // Points this program's OpenGL imports at a function that counts, or back at OpenGL.
 void UseStubs(bool on);
 
-// Load and unload a library once: the module with its 165 rows read, or an empty library and 165 rows read. Nothing
+// Load and unload a library once: the module with its rows read, or an empty library and as many rows read. Nothing
 // where the libraries are not at hand.
 struct LoadRuns {
   void (*loadModule)();

@@ -43,7 +43,7 @@ def test_signatures_are_those_of_the_built_module(talq_options):
     run = talq_options("--list")
     assert run.exit_code == 0, run.shown()
     table = sorted(re.findall(r"^  (\w+::.*\))$", run.stdout, re.MULTILINE))
-    assert len(table) == 165
+    assert table
     documented = sorted(line[4:] for _, block, _ in ENTRIES for line in block.split("\n")[1::2])
     assert documented == table
 
