@@ -3,7 +3,7 @@
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}")
 
 if(TALQ_MINGW_RUNTIME)
-  add_library(crt_support STATIC cmake/crt-support.cpp cmake/crt-string.cpp)
+  add_library(crt_support STATIC cmake/crt-support.cpp cmake/crt-string.cpp cmake/crt-wide-string.cpp)
   target_link_libraries(project_options INTERFACE crt_support)
 endif()
 
