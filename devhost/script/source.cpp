@@ -12,6 +12,12 @@ constexpr std::size_t kContext = 60;  // bytes kept before the place when a line
 
 bool ContinuesCharacter(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
 
+// The place, or where the character begins that it lies in.
+std::size_t CharacterStart(std::string_view text, std::size_t place) {
+  while (place > 0 && place < text.size() && ContinuesCharacter(text[place])) --place;
+  return place;
+}
+
 int CountCharacters(std::string_view text) {
   return static_cast<int>(std::count_if(text.begin(), text.end(), [](char c) { return !ContinuesCharacter(c); }));
 }
@@ -31,9 +37,8 @@ Location Locate(Position at) {
   location.line = 1 + static_cast<int>(std::count(before.begin(), before.end(), '\n'));
   location.column = 1 + CountCharacters(line.substr(0, place));
   if (line.size() > kLongestExcerpt) {
-    std::size_t first = place > kContext ? place - kContext : 0;
-    while (first > 0 && ContinuesCharacter(line[first])) --first;
-    line = line.substr(first, kLongestExcerpt);
+    const std::size_t first = CharacterStart(line, place > kContext ? place - kContext : 0);
+    line = line.substr(first, CharacterStart(line, first + kLongestExcerpt) - first);
     place -= first;
   }
   location.caret = CountCharacters(line.substr(0, place));

@@ -35,6 +35,19 @@ TEST(ScriptMessageTest, CutsLongLines) {
   EXPECT_EQ(message.substr(excerpt + (caret - caretLine), 2), "c;");
 }
 
+TEST(ScriptMessageTest, CutsLongLinesBetweenCharacters) {
+  for (const std::string shift : {"", " "}) {
+    std::string text;
+    for (int i = 0; i < 200; ++i) text += "\xC3\xA9";
+    text = "\"" + text + "\"";
+    const std::string message =
+        RunScript(std::string("a = ").append(text).append(shift).append("; b = c; d = ").append(text));
+    const std::string excerpt = message.substr(message.find('\n') + 3);
+    EXPECT_EQ(excerpt[0], '\xC3');
+    EXPECT_EQ(excerpt[excerpt.find('\n') - 1], '\xA9');
+  }
+}
+
 TEST(ScriptMessageTest, ListsCallers) {
   EXPECT_EQ(
       RunScript("function Inner(x) {\n  return x / 0;\n}\nfunction Outer() {\n  return Inner(1);\n}\n\nOuter();\n"),
