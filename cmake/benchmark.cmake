@@ -15,7 +15,7 @@ add_executable(benchmark EXCLUDE_FROM_ALL ${benchmark_sources} tests/unit/suppor
 target_link_libraries(benchmark PRIVATE project_options)
 precompile_standard_headers(benchmark)
 if(WIN32)
-  target_link_libraries(benchmark PRIVATE opengl32 glu32 gdi32 user32)
+  target_link_libraries(benchmark PRIVATE opengl32 glu32 gdi32 user32 shell32)
   add_library(benchmark_empty SHARED EXCLUDE_FROM_ALL benchmark/empty_dll.cpp benchmark/empty.def)
   target_link_libraries(benchmark_empty PRIVATE project_options)
   add_dependencies(benchmark benchmark_empty talq_module talq_host)

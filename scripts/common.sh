@@ -80,9 +80,11 @@ build_windows() {
 }
 
 # Wine takes the GLU beside the program, asks for no add-ons, opens no crash dialog, and starts neither services nor the
-# menu builder, which would take most of a short script's time. Runs with and without a display use prefixes of their
-# own: a Wine server that was started without a display cannot open windows.
+# menu builder, which would take most of a short script's time. It takes arguments and file names for UTF-8, whatever the
+# caller's locale. Runs with and without a display use prefixes of their own: a Wine server that was started without a
+# display cannot open windows.
 use_wine() {
+  export LC_ALL=C.UTF-8
   export WINEPREFIX=$build/wine/$1 WINEDEBUG=-all
   export WINEDLLOVERRIDES='mscoree=;mshtml=;winedbg.exe=;services.exe=;winemenubuilder.exe=;glu32=n'
   wine=/usr/lib/wine/wine64

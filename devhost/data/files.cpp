@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "devhost/runtime/runtime.h"
+#include "devhost/runtime/wide_text.h"
 
 namespace devhost {
 namespace {
@@ -14,6 +15,14 @@ struct FileCloser {
   void operator()(std::FILE* file) const { std::fclose(file); }
 };
 using File = std::unique_ptr<std::FILE, FileCloser>;
+
+#if defined(_WIN32)
+File Open(const std::string& path, const char* mode) {
+  return File(_wfopen(WideText(path).c_str(), WideText(mode).c_str()));
+}
+#else
+File Open(const std::string& path, const char* mode) { return File(std::fopen(path.c_str(), mode)); }
+#endif
 
 bool Fail(const std::string& path, const char* action) {
   Raise(kErrorFile, path + " cannot be " + action + ": " + std::strerror(errno) + ".");
@@ -24,7 +33,7 @@ bool Fail(const std::string& path, const char* action) {
 
 bool ReadFile(const std::string& path, std::string& content) {
   content.clear();
-  const File file(std::fopen(path.c_str(), "rb"));
+  const File file = Open(path, "rb");
   if (!file) return Fail(path, "opened");
   char block[65536];
   for (std::size_t count = sizeof block; count == sizeof block;) {
@@ -35,7 +44,7 @@ bool ReadFile(const std::string& path, std::string& content) {
 }
 
 bool WriteFile(const std::string& path, std::string_view content) {
-  File file(std::fopen(path.c_str(), "wb"));
+  File file = Open(path, "wb");
   if (!file) return Fail(path, "written");
   const bool written = std::fwrite(content.data(), 1, content.size(), file.get()) == content.size();
   // Closing flushes what is left, so it may be what fails.

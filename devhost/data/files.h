@@ -1,4 +1,4 @@
-// Whole files.
+// Whole files. Paths are UTF-8.
 #pragma once
 
 #include <string>

@@ -5,6 +5,7 @@
 #include "devhost/runtime/modules.h"
 #include "devhost/runtime/runtime.h"
 #include "devhost/runtime/text.h"
+#include "devhost/runtime/wide_text.h"
 
 namespace devhost {
 namespace {
@@ -36,11 +37,11 @@ Export FindExport(HMODULE library, const char* name) {
 
 std::string LastErrorText() {
   const DWORD code = GetLastError();
-  char text[256] = "";
-  DWORD length =
-      FormatMessageA(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, code, 0, text, 256, nullptr);
-  while (length > 0 && (text[length - 1] == '\n' || text[length - 1] == '\r' || text[length - 1] == '.')) --length;
-  return std::string(text, length) + " (system error " + Decimal(static_cast<long long>(code)) + ")";
+  wchar_t text[256] = L"";
+  const DWORD length =
+      FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, code, 0, text, 256, nullptr);
+  return std::string(Trimmed(Utf8Text({text, length}), "\r\n.")) + " (system error " +
+         Decimal(static_cast<long long>(code)) + ")";
 }
 
 std::string VersionOf(HMODULE library) {
@@ -53,7 +54,7 @@ std::string VersionOf(HMODULE library) {
 }  // namespace
 
 const Module* LoadModule(const std::string& path) {
-  const HMODULE library = LoadLibraryA(path.c_str());
+  const HMODULE library = LoadLibraryW(WideText(path).c_str());
   if (!library) {
     Raise(kErrorFile, path + " cannot be loaded: " + LastErrorText() + ".");
     return nullptr;

@@ -1,10 +1,10 @@
 #include "devhost/script/builtins.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <string>
 
 #include "devhost/runtime/payload.h"
+#include "devhost/script/console.h"
 #include "devhost/script/path.h"
 
 namespace devhost::script {
@@ -19,7 +19,7 @@ bool Print(Variable&, std::span<Variable> args, const CallSite&) {
     line += TextOf(arg);
   }
   line += '\n';
-  std::fwrite(line.data(), 1, line.size(), stdout);
+  script::Print(line);
   return PendingError() == nullptr;
 }
 

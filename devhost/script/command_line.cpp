@@ -70,7 +70,7 @@ bool Fits(const CommandLine& commandLine, std::string& message) {
 
 }  // namespace
 
-bool ReadCommandLine(std::span<char*> arguments, CommandLine& commandLine, std::string& message) {
+bool ReadCommandLine(std::span<const std::string> arguments, CommandLine& commandLine, std::string& message) {
   using Action = CommandLine::Action;
   for (std::size_t i = 0; i < arguments.size(); ++i) {
     const std::string_view argument = arguments[i];

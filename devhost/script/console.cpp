@@ -1,21 +1,20 @@
 #include "devhost/script/console.h"
 
-#include <cstdio>
-
 namespace devhost::script {
+namespace {
 
-void Print(std::string_view text) {
-  std::fwrite(text.data(), 1, text.size(), stdout);
-  std::fflush(stdout);
+bool ReadFileLine(std::FILE* input, std::string& line) {
+  line.clear();
+  int c = std::fgetc(input);
+  if (c == EOF) return false;
+  for (; c != EOF && c != '\n'; c = std::fgetc(input)) line += static_cast<char>(c);
+  if (line.ends_with('\r')) line.pop_back();
+  return true;
 }
 
-bool Complain(const std::string& message) {
-  std::fflush(stdout);
-  std::fwrite(message.data(), 1, message.size(), stderr);
-  std::fflush(stderr);
-  return false;
-}
+void WriteFileText(std::FILE* output, std::string_view text) { std::fwrite(text.data(), 1, text.size(), output); }
 
+}  // namespace
 }  // namespace devhost::script
 
 #if defined(_WIN32)
@@ -23,19 +22,75 @@ bool Complain(const std::string& message) {
 #include <fcntl.h>
 #include <io.h>
 #include <windows.h>
+// shellapi.h belongs behind windows.h.
+#include <shellapi.h>
+
+#include "devhost/runtime/wide_text.h"
 
 namespace devhost::script {
+namespace {
+
+// Where the program's output goes; null for a file or a pipe.
+HANDLE outputConsole = nullptr;
+HANDLE errorConsole = nullptr;
+
+// The console behind a stream; null for a file or a pipe.
+HANDLE ConsoleOf(std::FILE* stream) {
+  const auto handle = reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(stream)));
+  DWORD mode = 0;
+  return GetConsoleMode(handle, &mode) ? handle : nullptr;
+}
+
+// Ctrl+Z at the start of a line ends the input.
+bool ReadConsoleLine(HANDLE console, std::string& line) {
+  constexpr wchar_t kCtrlZ = 26;
+  std::wstring wide;
+  wchar_t piece[256];
+  for (DWORD count = 0; !wide.ends_with(L'\n'); wide.append(piece, count)) {
+    if (!ReadConsoleW(console, piece, static_cast<DWORD>(std::size(piece)), &count, nullptr) || count == 0) break;
+  }
+  if (wide.empty() || wide.front() == kCtrlZ) return false;
+  line = Utf8Text(std::wstring_view(wide).substr(0, wide.find_first_of(L"\r\n")));
+  return true;
+}
+
+bool Read(std::FILE* input, std::string& line) {
+  const HANDLE console = ConsoleOf(input);
+  return console != nullptr ? ReadConsoleLine(console, line) : ReadFileLine(input, line);
+}
+
+void Write(std::FILE* output, std::string_view text) {
+  const HANDLE console = output == stdout ? outputConsole : errorConsole;
+  if (console == nullptr) {
+    WriteFileText(output, text);
+  } else {
+    const std::wstring wide = WideText(text);
+    WriteConsoleW(console, wide.data(), static_cast<DWORD>(wide.size()), nullptr, nullptr);
+  }
+}
+
+}  // namespace
 
 void PrepareConsole() {
   _setmode(_fileno(stdout), _O_BINARY);
   _setmode(_fileno(stderr), _O_BINARY);
+  outputConsole = ConsoleOf(stdout);
+  errorConsole = ConsoleOf(stderr);
+}
+
+std::vector<std::string> Arguments(int, char**) {
+  int count = 0;
+  wchar_t** wide = CommandLineToArgvW(GetCommandLineW(), &count);
+  std::vector<std::string> arguments;
+  for (int i = 1; i < count; ++i) arguments.push_back(Utf8Text(wide[i]));
+  LocalFree(static_cast<void*>(wide));
+  return arguments;
 }
 
 std::string ProgramFolder() {
-  char path[MAX_PATH];
-  const DWORD length = GetModuleFileNameA(nullptr, path, sizeof path);
-  const std::string whole(path, length < sizeof path ? length : 0);
-  return whole.substr(0, whole.find_last_of("/\\") + 1);
+  std::wstring path(32768, L'\0');  // no path is longer
+  path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
+  return Utf8Text(path.substr(0, path.find_last_of(L"/\\") + 1));
 }
 
 }  // namespace devhost::script
@@ -43,10 +98,35 @@ std::string ProgramFolder() {
 #else
 
 namespace devhost::script {
+namespace {
+
+bool Read(std::FILE* input, std::string& line) { return ReadFileLine(input, line); }
+void Write(std::FILE* output, std::string_view text) { WriteFileText(output, text); }
+
+}  // namespace
 
 void PrepareConsole() {}
+std::vector<std::string> Arguments(int argc, char** argv) { return {argv + (argc > 0 ? 1 : 0), argv + argc}; }
 std::string ProgramFolder() { return {}; }
 
 }  // namespace devhost::script
 
 #endif
+
+namespace devhost::script {
+
+void Print(std::string_view text) { Write(stdout, text); }
+
+bool ReadLine(std::FILE* input, std::string& line) {
+  std::fflush(stdout);
+  return Read(input, line);
+}
+
+bool Complain(const std::string& message) {
+  std::fflush(stdout);
+  Write(stderr, message);
+  std::fflush(stderr);
+  return false;
+}
+
+}  // namespace devhost::script

@@ -1,19 +1,28 @@
-// What differs between systems for a program in a console.
+// What differs between systems for a program in a console. All texts are UTF-8, also where a console has none of it.
 #pragma once
 
+#include <cstdio>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace devhost::script {
 
 // Lines end with "\n" alone on every system.
 void PrepareConsole();
 
-// Prints to stdout, at once.
+// What main was called with, without the program's name. Windows hands main another encoding, and is asked again.
+std::vector<std::string> Arguments(int argc, char** argv);
+
+// Prints to stdout.
 void Print(std::string_view text);
 
 // Prints the message to stderr, behind what was printed to stdout; false for the caller to return.
 bool Complain(const std::string& message);
+
+// Reads a line, without its end, from a console, a file or a pipe, when all that was printed is shown; false at the end
+// of the input.
+bool ReadLine(std::FILE* input, std::string& line);
 
 // The folder of the running program, with a separator behind it; "" where it is unknown.
 std::string ProgramFolder();

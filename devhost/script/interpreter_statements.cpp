@@ -1,7 +1,7 @@
 // Effects of statements.
-#include <cstdio>
 #include <string>
 
+#include "devhost/script/console.h"
 #include "devhost/script/depth.h"
 #include "devhost/script/interpreter.h"
 #include "devhost/script/trace.h"
@@ -133,8 +133,7 @@ bool Interpreter::Show(const Statement& statement) {
   Variable value;
   if (!Evaluate(*statement.expressions[0], value)) return false;
   if (value.type == kEmptyType) return true;
-  const std::string line = TextOf(value) + "\n";
-  std::fwrite(line.data(), 1, line.size(), stdout);
+  Print(TextOf(value) + "\n");
   return true;
 }
 

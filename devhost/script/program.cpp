@@ -27,7 +27,7 @@ bool ReadScript(const std::string& path, std::string& text) {
 }
 
 // The script's objects are gone when this returns.
-bool RunScript(const std::string& text, const std::string& name, std::span<char*> arguments) {
+bool RunScript(const std::string& text, const std::string& name, std::span<const std::string> arguments) {
   SyntaxError error;
   const std::unique_ptr<Program> program = Parse(text, name, ReadScript, error);
   if (program == nullptr) return Complain(Describe(error.at, "syntax error: " + error.message));
@@ -102,8 +102,8 @@ int TalqMain(int argc, char** argv) {
   PrepareConsole();
   CommandLine commandLine;
   std::string message;
-  const std::span<char*> arguments(argv, static_cast<std::size_t>(argc));
-  if (!ReadCommandLine(arguments.subspan(argc > 0 ? 1 : 0), commandLine, message)) {
+  const std::vector<std::string> arguments = Arguments(argc, argv);
+  if (!ReadCommandLine(arguments, commandLine, message)) {
     Complain("talq: " + message + "; talq --help shows what there is\n");
     return 2;
   }

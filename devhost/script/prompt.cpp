@@ -20,16 +20,6 @@ constexpr const char* kHelp =
     "  help NAME  show the reference's entry, as of TOpenGL::Sphere or Sphere; the methods of a class\n"
     "  exit       leave\n";
 
-// A line without its end; false at the end of the input.
-bool ReadLine(std::FILE* input, std::string& line) {
-  line.clear();
-  int c = std::fgetc(input);
-  if (c == EOF) return false;
-  for (; c != EOF && c != '\n'; c = std::fgetc(input)) line += static_cast<char>(c);
-  if (line.ends_with('\r')) line.pop_back();
-  return true;
-}
-
 bool OpensBracket(TokenKind kind) {
   return kind == TokenKind::LeftParen || kind == TokenKind::LeftBracket || kind == TokenKind::LeftBrace;
 }

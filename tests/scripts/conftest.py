@@ -40,6 +40,7 @@ def wine_environment(display):
     """The environment of a Wine program on the X display or, with None, headless; prefixes as ./run uses them."""
     environment = {name: value for name, value in os.environ.items() if name != "DISPLAY"}
     environment |= {
+        "LC_ALL": "C.UTF-8",
         "WINEPREFIX": str(ROOT / "build" / "wine" / ("window" if display else "headless")),
         "WINEDEBUG": "-all",
         "WINEDLLOVERRIDES": "mscoree=;mshtml=;winedbg.exe=;services.exe=;winemenubuilder.exe=;glu32=n",
@@ -135,7 +136,7 @@ def talq(request, tmp_path):
     def run(script, *arguments, window=False, options=()):
         if isinstance(script, str):
             path = tmp_path / "script.talq"
-            path.write_text(script)
+            path.write_text(script, encoding="utf-8")
         else:
             path = script
         display = request.getfixturevalue("display") if window else None

@@ -11,19 +11,10 @@ namespace {
 
 using devhost::script::CommandLine;
 
-std::vector<char*> PointersTo(std::vector<std::string>& texts) {
-  std::vector<char*> pointers;
-  for (std::string& text : texts) pointers.push_back(text.data());
-  return pointers;
-}
-
 struct Reading {
   explicit Reading(std::vector<std::string> words)
-      : arguments(std::move(words)),
-        pointers(PointersTo(arguments)),
-        isUnderstood(devhost::script::ReadCommandLine(pointers, commandLine, message)) {}
+      : arguments(std::move(words)), isUnderstood(devhost::script::ReadCommandLine(arguments, commandLine, message)) {}
   std::vector<std::string> arguments;
-  std::vector<char*> pointers;
   CommandLine commandLine;
   std::string message;
   bool isUnderstood;
@@ -37,8 +28,8 @@ TEST(ScriptCommandLineTest, RunsAScriptWithItsArguments) {
   EXPECT_EQ(reading.commandLine.module, "x.dll");
   EXPECT_TRUE(reading.commandLine.usesModule);
   ASSERT_EQ(reading.commandLine.args.size(), 2U);
-  EXPECT_STREQ(reading.commandLine.args[0], "--list");
-  EXPECT_STREQ(reading.commandLine.args[1], "-e");
+  EXPECT_EQ(reading.commandLine.args[0], "--list");
+  EXPECT_EQ(reading.commandLine.args[1], "-e");
 }
 
 TEST(ScriptCommandLineTest, RunsStatements) {
