@@ -55,6 +55,9 @@ add_executable(talq_program ${program_sources})
 set_target_properties(talq_program PROPERTIES
   OUTPUT_NAME talq ARCHIVE_OUTPUT_NAME talq_program PDB_NAME talq_program)
 target_link_libraries(talq_program PRIVATE project_options talq_host)
+# The linkers' own choices differ. As much as a program on Linux has.
+math(EXPR stack_bytes "8 * 1024 * 1024")
+target_link_options(talq_program PRIVATE $<IF:$<BOOL:${TALQ_MSVC_ABI_CROSS}>,--stack=,/STACK:>${stack_bytes})
 
 # What the tests run beside talq: how much memory the driver itself keeps of contexts that are gone.
 add_executable(driver_growth tests/contexts/driver_growth.cpp)

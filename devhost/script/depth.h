@@ -17,7 +17,7 @@ class Depth {
  private:
   static bool Report();
 
-  // A level takes at most half a kilobyte of stack, of which a Windows program has a megabyte or more.
+  // A level takes at most half a kilobyte of stack, of which talq.exe reserves eight megabytes.
   static constexpr int kLimit = 2000;
   static inline int level = 0;
 };

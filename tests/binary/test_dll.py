@@ -121,6 +121,10 @@ def test_holds_no_path_and_no_time_of_the_build(path):
     assert pefile.PE(str(path)).FILE_HEADER.TimeDateStamp == 0
 
 
+def test_program_has_the_same_stack_with_every_linker():
+    assert pefile.PE(str(BUILD / "talq.exe")).OPTIONAL_HEADER.SizeOfStackReserve == 8 << 20
+
+
 # The third is used by nothing and required all the same.
 @pytest.mark.parametrize("name", [b"TOpenGL", b"OglColor", b"OglObject", b"OglMaterial"])
 def test_module_keeps_the_names_of_its_classes(name):

@@ -37,9 +37,9 @@ TEST(ScriptMessageTest, CutsLongLines) {
 
 TEST(ScriptMessageTest, CutsLongLinesBetweenCharacters) {
   for (const std::string shift : {"", " "}) {
-    std::string text;
+    std::string text = "\"";
     for (int i = 0; i < 200; ++i) text += "\xC3\xA9";
-    text = "\"" + text + "\"";
+    text += '"';
     const std::string message =
         RunScript(std::string("a = ").append(text).append(shift).append("; b = c; d = ").append(text));
     const std::string excerpt = message.substr(message.find('\n') + 3);
