@@ -1,5 +1,6 @@
 """Checks of the built DLLs: tables, virtual tables, size, and that nothing of the build machine is left in them."""
 
+import itertools
 import os
 import pathlib
 import re
@@ -12,6 +13,8 @@ ROOT = pathlib.Path(__file__).resolve().parents[2]
 BUILD = ROOT / "build" / os.environ.get("TALQ_BUILD", "windows-cross")
 MODULE = BUILD / "TalqOpenGL.dll"
 HOST = BUILD / "Talq.dll"
+PROGRAM = BUILD / "talq.exe"
+each_file = pytest.mark.parametrize("path", [MODULE, HOST, PROGRAM], ids=lambda path: path.name)
 
 # Ordinals 2 to 5 (version text, method table, error table, the empty hook) are exported by number alone.
 EXPORTS = {
@@ -104,7 +107,42 @@ def test_host_exports_all_names_that_modules_import(host):
     assert host_names() - set(exports(host).values()) == set()
 
 
-@pytest.mark.parametrize("path", [MODULE, HOST, BUILD / "talq.exe"], ids=lambda path: path.name)
+def test_host_exports_nothing_else_but_the_main_function(host):
+    assert {name for name in exports(host).values() if name not in host_names()} == {b"TalqMain"}
+
+
+def test_host_and_program_import_no_module(host):
+    system = {b"gdi32.dll", b"user32.dll", b"shell32.dll", b"kernel32.dll", b"msvcrt.dll"}
+    assert {name.lower() for name in imports(host)} - system == set()
+    program = imports(pefile.PE(str(PROGRAM)))
+    assert program[b"Talq.dll"] == {b"TalqMain"}
+    assert {name.lower() for name in program} - {b"talq.dll", b"kernel32.dll", b"msvcrt.dll"} == set()
+
+
+@each_file
+def test_can_be_loaded_anywhere_and_runs_no_data(path):
+    image = pefile.PE(str(path))
+    header = image.OPTIONAL_HEADER
+    assert header.IMAGE_DLLCHARACTERISTICS_DYNAMIC_BASE and header.IMAGE_DLLCHARACTERISTICS_HIGH_ENTROPY_VA
+    assert header.IMAGE_DLLCHARACTERISTICS_NX_COMPAT
+    # What the loader needs to move it.
+    assert not image.FILE_HEADER.IMAGE_FILE_RELOCS_STRIPPED and image.DIRECTORY_ENTRY_BASERELOC
+    for section in image.sections:
+        assert not (section.IMAGE_SCN_MEM_WRITE and section.IMAGE_SCN_MEM_EXECUTE), section.Name
+
+
+@each_file
+def test_function_table_is_sorted(path):
+    """The system searches it by halves when it walks the stack. Functions that GNU ld removed leave entries of zeros,
+    which lie before all others."""
+    functions = [entry.struct for entry in pefile.PE(str(path)).DIRECTORY_ENTRY_EXCEPTION]
+    assert functions[-1].BeginAddress > 0
+    assert all(function.BeginAddress < function.EndAddress for function in functions if function.BeginAddress)
+    for function, following in itertools.pairwise(functions):
+        assert function.EndAddress <= following.BeginAddress
+
+
+@each_file
 def test_is_64_bit_and_stripped(path):
     image = pefile.PE(str(path))
     assert image.FILE_HEADER.Machine == pefile.MACHINE_TYPE["IMAGE_FILE_MACHINE_AMD64"]
@@ -113,7 +151,7 @@ def test_is_64_bit_and_stripped(path):
     assert not [section.Name for section in image.sections if section.Name.startswith((b".debug", b".stab", b"/"))]
 
 
-@pytest.mark.parametrize("path", [MODULE, HOST, BUILD / "talq.exe"], ids=lambda path: path.name)
+@each_file
 def test_holds_no_path_and_no_time_of_the_build(path):
     content = path.read_bytes()
     for trace in (str(ROOT).encode(), b"/usr/", b"/home/", b"/root/", b"libcxx-config"):
@@ -122,7 +160,7 @@ def test_holds_no_path_and_no_time_of_the_build(path):
 
 
 def test_program_has_the_same_stack_with_every_linker():
-    assert pefile.PE(str(BUILD / "talq.exe")).OPTIONAL_HEADER.SizeOfStackReserve == 8 << 20
+    assert pefile.PE(str(PROGRAM)).OPTIONAL_HEADER.SizeOfStackReserve == 8 << 20
 
 
 # The third is used by nothing and required all the same.
