@@ -47,7 +47,7 @@ add_library(talq_host SHARED ${host_sources} "${CMAKE_CURRENT_BINARY_DIR}/talq-h
 set_target_properties(talq_host PROPERTIES OUTPUT_NAME Talq)
 target_compile_definitions(talq_host PRIVATE TALQ_HOST_BUILD)
 target_include_directories(talq_host SYSTEM PRIVATE "${STB_INCLUDE_DIR}")
-target_link_libraries(talq_host PRIVATE project_options gdi32 user32 shell32)
+target_link_libraries(talq_host PRIVATE project_options opengl32 gdi32 user32 shell32)
 precompile_standard_headers(talq_host)
 
 add_executable(talq_program ${program_sources})

@@ -13,6 +13,7 @@ void RegisterHostClasses() {
   }
 #ifdef _WIN32
   RegisterMethods(kDeviceMethods);
+  RegisterMethods(kDeviceInputMethods);
 #endif
 }
 

@@ -17,7 +17,9 @@ extern const MethodEntry kColorRefMethods[];
 extern const MethodEntry kMatrixMethods[];
 extern const MethodEntry kBitmapMethods[];
 extern const MethodEntry kMeshMethods[];
-extern const MethodEntry kDeviceMethods[];  // on Windows alone
+// On Windows alone; both are of MDC.
+extern const MethodEntry kDeviceMethods[];
+extern const MethodEntry kDeviceInputMethods[];
 
 extern const MethodEntry kMathematicsFunctions[];
 extern const MethodEntry kTextFunctions[];

@@ -12,6 +12,8 @@
 #include <ctime>
 #endif
 
+#include <algorithm>
+
 #include "devhost/classes/tables.h"
 
 namespace devhost {
@@ -30,6 +32,11 @@ long long PrivateBytes() {
   PROCESS_MEMORY_COUNTERS counters{};
   K32GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters);
   return static_cast<long long>(counters.PagefileUsage);
+}
+
+void Wait(double seconds) {
+  constexpr double kLongest = 4e9;  // milliseconds
+  ::Sleep(static_cast<DWORD>(std::min(seconds * 1000, kLongest)));
 }
 
 int GdiHandleCount() {
@@ -59,22 +66,35 @@ long long PrivateBytes() {
   return pages * sysconf(_SC_PAGESIZE);
 }
 
+void Wait(double seconds) {
+  constexpr double kLongest = 4e6;  // seconds
+  const double span = std::min(seconds, kLongest);
+  const auto whole = static_cast<std::time_t>(span);
+  const timespec rest{whole, static_cast<long>((span - static_cast<double>(whole)) * 1e9)};
+  nanosleep(&rest, nullptr);
+}
+
 int GdiHandleCount() { return 0; }  // there are none outside Windows
 #endif
 
 const double startTime = Now();
 
 void Seconds(VarRegister& result, VarRegister*, int, Processor*) { result.GetVar() = Now() - startTime; }
+
+// Windows are not answered meanwhile: their Pump waits and answers.
+void SleepFor(VarRegister&, VarRegister* args, int, Processor*) {
+  const double seconds = Number(args[0]);
+  if (seconds > 0) Wait(seconds);
+}
+
 void MemoryUse(VarRegister& result, VarRegister*, int, Processor*) { result.GetVar() = PrivateBytes(); }
 void GdiHandles(VarRegister& result, VarRegister*, int, Processor*) { result = GdiHandleCount(); }
 
 }  // namespace
 
 const MethodEntry kProcessFunctions[] = {
-    {Seconds, "Seconds(void)"},
-    {MemoryUse, "MemoryUse(void)"},
-    {GdiHandles, "GdiHandles(void)"},
-    {nullptr, nullptr},
+    {Seconds, "Seconds(void)"},       {SleepFor, "Sleep(number)"}, {MemoryUse, "MemoryUse(void)"},
+    {GdiHandles, "GdiHandles(void)"}, {nullptr, nullptr},
 };
 
 }  // namespace devhost

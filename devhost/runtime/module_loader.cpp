@@ -3,6 +3,7 @@
 
 #include "devhost/runtime/computations.h"
 #include "devhost/runtime/modules.h"
+#include "devhost/runtime/opengl_drivers.h"
 #include "devhost/runtime/runtime.h"
 #include "devhost/runtime/text.h"
 #include "devhost/runtime/wide_text.h"
@@ -71,7 +72,11 @@ const Module* LoadModule(const std::string& path) {
     return nullptr;
   }
   const Module* module = AddModule({path, VersionOf(library), methods(nullptr), errors(), library, 0});
-  if (!module) FreeLibrary(library);
+  if (module) {
+    KeepOpenGlDriversApart(library);
+  } else {
+    FreeLibrary(library);
+  }
   return module;
 }
 

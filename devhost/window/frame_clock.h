@@ -1,0 +1,21 @@
+// When the frames of an animation are due.
+#pragma once
+
+#include <algorithm>
+
+namespace devhost {
+
+class FrameClock {
+ public:
+  // Counts the next frame and gives the time at which it is due, in the seconds of `now`: evenly spaced, or now for the
+  // first one and for one that is late by more than a frame.
+  double NextFrame(double now, double framesPerSecond) {
+    due = std::max(due + 1 / framesPerSecond, now);
+    return due;
+  }
+
+ private:
+  double due = 0;
+};
+
+}  // namespace devhost
