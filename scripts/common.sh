@@ -90,9 +90,17 @@ use_wine() {
   wine=/usr/lib/wine/wine64
 }
 
-# Runs a Wine program on a display of its own.
+# Runs a Wine program on a display of its own, once in a script. A window manager is there, because Wine would wait two
+# seconds for one whenever a window closes.
 with_virtual_display() {
-  # Wine's desktop closes before its display does, or it would complain.
-  xvfb-run -a -s '-screen 0 1024x768x24 +extension GLX' \
-    bash -c '"$@"; code=$?; /usr/lib/wine/wineserver -w; exit $code' - "$@"
+  local announcement number server
+  exec {announcement}< <(exec setsid Xvfb -displayfd 1 -screen 0 1024x768x24 +extension GLX -nolisten tcp 2> /dev/null)
+  server=$!
+  read -r number <&"$announcement" || die 'there is no virtual display: Xvfb could not be started'
+  # Wine's desktop stays some seconds longer than the program, and its display longer than the desktop, which would
+  # complain. Nobody has to wait for them.
+  trap "setsid bash -c '/usr/lib/wine/wineserver -w; kill $server' < /dev/null &> /dev/null &" EXIT
+  export DISPLAY=:$number
+  setsid openbox --sm-disable --config-file /etc/xdg/openbox/rc.xml < /dev/null &> /dev/null &
+  "$@"
 }
