@@ -100,7 +100,7 @@ with_virtual_display() {
   # Wine's desktop stays some seconds longer than the program, and its display longer than the desktop, which would
   # complain. Nobody has to wait for them.
   trap "setsid bash -c '/usr/lib/wine/wineserver -w; kill $server' < /dev/null &> /dev/null &" EXIT
-  export DISPLAY=:$number
+  local -x DISPLAY=:$number
   setsid openbox --sm-disable --config-file /etc/xdg/openbox/rc.xml < /dev/null &> /dev/null &
   "$@"
 }

@@ -12,6 +12,7 @@ import PIL.Image
 import pytest
 
 import gallery
+from desktop import Desktop, window_manager
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 PROGRAMS = ROOT / "build" / os.environ.get("TALQ_BUILD", "windows-cross")
@@ -48,21 +49,29 @@ def wine_environment(display):
     return environment | ({"DISPLAY": display} if display else {})
 
 
+def start_in_wine(program, arguments, folder, display, stdout, stderr):
+    """Starts a program of the Windows build with the arguments in the folder."""
+    return subprocess.Popen(
+        [WINE, PROGRAMS / program, *arguments],
+        cwd=folder,
+        env=wine_environment(display),
+        stdin=subprocess.DEVNULL,
+        stdout=stdout,
+        stderr=stderr,
+    )
+
+
 def run_in_wine(program, arguments, folder, display=None):
-    """Runs a program of the Windows build with the arguments in the folder."""
+    """Starts it and waits for its end."""
     # Files and not pipes: Wine's desktop keeps what it inherits open after the program has ended.
     with tempfile.TemporaryFile() as stdout, tempfile.TemporaryFile() as stderr:
-        done = subprocess.run(
-            [WINE, PROGRAMS / program, *arguments],
-            cwd=folder,
-            env=wine_environment(display),
-            stdin=subprocess.DEVNULL,
-            stdout=stdout,
-            stderr=stderr,
-            timeout=TIME_LIMIT,
-        )
+        started = start_in_wine(program, arguments, folder, display, stdout, stderr)
+        try:
+            started.wait(TIME_LIMIT)
+        finally:
+            started.kill()
         texts = [read_text(stdout), read_text(stderr)]
-    return Run(done.returncode, *texts, {path.stem: read_picture(path) for path in pathlib.Path(folder).rglob("*.png")})
+    return Run(started.returncode, *texts, {path.stem: read_picture(path) for path in pathlib.Path(folder).rglob("*.png")})
 
 
 @contextlib.contextmanager
@@ -109,7 +118,7 @@ def read_text(file):
 
 @pytest.fixture(scope="session")
 def display():
-    """A virtual X display that lives as long as the tests."""
+    """A virtual X display with a window manager that lives as long as the tests."""
     read_end, write_end = os.pipe()
     server = subprocess.Popen(
         ["Xvfb", "-displayfd", str(write_end), "-screen", "0", "1024x768x24", "+extension", "GLX", "-nolisten", "tcp"],
@@ -120,7 +129,7 @@ def display():
     with os.fdopen(read_end) as pipe:
         number = pipe.readline().strip()
     assert number, "Xvfb did not start"
-    with wine_kept_running(f":{number}"):
+    with window_manager(f":{number}"), wine_kept_running(f":{number}"):
         yield f":{number}"
     # Wine's desktop closes before its display does.
     subprocess.run([WINE_SERVER, "-w"], env=wine_environment(f":{number}"))
@@ -143,6 +152,16 @@ def talq(request, tmp_path):
         return run_in_wine("talq.exe", [*options, path, *map(str, arguments)], tmp_path, display)
 
     return run
+
+
+@pytest.fixture
+def desktop(display, tmp_path):
+    """Where scripts with windows run under a user's input: desktop.py says how to use it."""
+
+    def start(arguments, stdout, stderr):
+        return start_in_wine("talq.exe", arguments, tmp_path, display, stdout, stderr)
+
+    return Desktop(display, tmp_path, start)
 
 
 @pytest.fixture

@@ -1,0 +1,223 @@
+"""Scripts with windows under real input: a display with a window manager, and a user's mouse and keys.
+
+    pytestmark = pytest.mark.xdist_group("window")        # one Wine prefix serves one display
+
+    def test_something(desktop):
+        with desktop.start(SCRIPT) as window:             # a script's text or path, and its arguments
+            window.wait_until(lambda picture: is_green(picture[10, 10]))
+            window.click(20, 30)                          # pixels of the client area, y down
+            window.key("Left")
+            window.close()
+        assert window.exit_code == 0, window.shown()      # also window.stdout, window.stderr
+
+Buttons are "left", "middle" and "right", keys have X's names: "Left", "a", "Return", "shift+a". What the user does reaches
+the script in the order of the calls, each a moment of its own for a script that asks often.
+"""
+
+import contextlib
+import os
+import pathlib
+import subprocess
+import time
+
+import numpy
+import PIL.Image
+import PIL.ImageGrab
+
+TIME_LIMIT = 60  # seconds, for whatever a test waits for
+BUTTONS = {"left": 1, "middle": 2, "right": 3}
+WHEEL_UP, WHEEL_DOWN = 4, 5
+
+
+def wait_for(condition, what):
+    """The condition's value as soon as it is true."""
+    end = time.monotonic() + TIME_LIMIT
+    while not (value := condition()):
+        assert time.monotonic() < end, f"{what}: not within {TIME_LIMIT} s"
+        time.sleep(0.05)
+    return value
+
+
+@contextlib.contextmanager
+def window_manager(display):
+    """One that decorates windows, gives them the focus, and closes them, as its own settings say."""
+    manager = subprocess.Popen(
+        ["openbox", "--sm-disable", "--config-file", "/etc/xdg/openbox/rc.xml"],
+        env=os.environ | {"DISPLAY": display},
+        stdout=subprocess.DEVNULL,
+        stderr=subprocess.DEVNULL,
+    )
+    yield
+    manager.terminate()
+    manager.wait()
+
+
+class Desktop:
+    """start_talq(arguments, stdout, stderr) starts talq.exe on the display, in the folder."""
+
+    def __init__(self, display, folder, start_talq):
+        self.environment = os.environ | {"DISPLAY": display}
+        self.display = display
+        self.folder = folder
+        self.start_talq = start_talq
+
+    @contextlib.contextmanager
+    def start(self, script, *arguments):
+        """Runs a script until its first window is there, as a UserWindow with the focus. In the end waits for the
+        script, which has to end by then."""
+        if isinstance(script, str):
+            text, script = script, self.folder / "window.talq"
+            script.write_text(text)
+        with open(self.folder / "stdout", "wb") as stdout, open(self.folder / "stderr", "wb") as stderr:
+            program = self.start_talq([script, *map(str, arguments)], stdout, stderr)
+        window = UserWindow(self, program)
+        try:
+            window.appear()
+            yield window
+            window.wait_for_end()
+        finally:
+            program.kill()
+            program.wait()
+
+    @contextlib.contextmanager
+    def keyboard(self, layout):
+        """The keys are those of another country meanwhile."""
+        self.ask("setxkbmap", layout)
+        yield
+        self.ask("setxkbmap", "us")
+
+    def saved(self, name):
+        """A PNG file that the script has left."""
+        return numpy.asarray(PIL.Image.open(self.folder / f"{name}.png").convert("RGB"))
+
+    def ask(self, *command):
+        """What a program prints, "" when it fails."""
+        done = subprocess.run(
+            list(map(str, command)), env=self.environment, capture_output=True, text=True, timeout=TIME_LIMIT
+        )
+        return done.stdout if done.returncode == 0 else ""
+
+
+class UserWindow:
+    def __init__(self, desktop, program):
+        self.desktop = desktop
+        self.program = program
+        self.id = None
+        self.exit_code = None
+        self.stdout = self.stderr = ""
+
+    # What there is to see
+
+    def title(self):
+        return self.desktop.ask("xdotool", "getwindowname", self.id).rstrip("\n")
+
+    def client_area(self):
+        """left, top, width and height on the display."""
+        report = self.desktop.ask("xwininfo", "-id", self.id)
+        value = lambda label: int(report.split(label + ":")[1].split()[0])
+        return value("Absolute upper-left X"), value("Absolute upper-left Y"), value("Width"), value("Height")
+
+    def picture(self):
+        """The client area as it is on the display: height x width x 3 bytes (red, green, blue)."""
+        left, top, width, height = self.client_area()
+        return numpy.asarray(self.screenshot())[top : top + height, left : left + width]
+
+    def screenshot(self):
+        return PIL.ImageGrab.grab(xdisplay=self.desktop.display).convert("RGB")
+
+    def wait_until(self, condition):
+        """The picture for which the condition holds."""
+
+        def picture():
+            taken = self.picture()
+            return [taken] if condition(taken) else []
+
+        return wait_for(picture, "the picture")[0]
+
+    def wait_for_title(self, title):
+        wait_for(lambda: self.title() == title, f"the title {title}")
+
+    # What the user does
+
+    def move(self, x, y):
+        """Outside of the window too."""
+        left, top, _, _ = self.client_area()
+        self._do("mousemove", "--", left + x, top + y)
+
+    def press(self, button="left"):
+        self._do("mousedown", BUTTONS[button])
+
+    def release(self, button="left"):
+        self._do("mouseup", BUTTONS[button])
+
+    def click(self, x, y, button="left"):
+        self.move(x, y)
+        self.press(button)
+        self.release(button)
+
+    def drag(self, places, button="left"):
+        """From the first place to the last, by way of the others."""
+        self.move(*places[0])
+        self.press(button)
+        for place in places[1:]:
+            self.move(*place)
+        self.release(button)
+
+    def scroll(self, notches):
+        for _ in range(abs(notches)):
+            self._do("click", WHEEL_UP if notches > 0 else WHEEL_DOWN)
+
+    def key(self, name):
+        self._do("key", name)
+
+    def hold_key(self, name):
+        self._do("keydown", name)
+
+    def release_key(self, name):
+        self._do("keyup", name)
+
+    def type(self, text):
+        self._do("type", text)
+
+    def resize(self, width, height):
+        """Through the window manager."""
+        self._do("windowsize", self.id, width, height)
+        wait_for(lambda: self.client_area()[2:] == (width, height), "the new size")
+
+    def minimize(self):
+        self._do("windowminimize", self.id)
+
+    def activate(self):
+        wait_for(lambda: self._do("windowactivate", self.id) or self._has_focus(), "the focus")
+
+    def close(self):
+        """Asks the script for it, by the button at the end of the title's bar."""
+        left, top, width, _ = self.client_area()
+        self._do("mousemove", left + width - 10, top - 10, "click", 1)
+
+    # The script's life
+
+    def appear(self):
+        shown = lambda: self.desktop.ask("xdotool", "search", "--onlyvisible", "--class", "talq.exe").split()
+        wait_for(lambda: shown() or self.program.poll() is not None, "a window")
+        ids = shown()
+        if not ids:
+            self.wait_for_end()
+            raise AssertionError("The script has no window.\n" + self.shown())
+        self.id = ids[-1]
+        self.activate()
+
+    def wait_for_end(self):
+        self.program.wait(TIME_LIMIT)
+        self.exit_code = self.program.returncode
+        self.stdout = (self.desktop.folder / "stdout").read_text()
+        self.stderr = (self.desktop.folder / "stderr").read_text()
+
+    def shown(self):
+        return f"exit code {self.exit_code}\n--- stdout\n{self.stdout}\n--- stderr\n{self.stderr}"
+
+    def _do(self, *arguments):
+        self.desktop.ask("xdotool", *arguments)
+
+    def _has_focus(self):
+        return self.desktop.ask("xdotool", "getactivewindow").split() == [self.id]
