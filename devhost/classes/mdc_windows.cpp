@@ -23,29 +23,32 @@ bool CheckSize(int width, int height) {
   return false;
 }
 
-// Wine opens windows on a display alone, which ./run gives a script when it is asked for.
-void RaiseNoDevice(bool isWindow) {
-  const std::string error = "(system error " + Decimal(static_cast<long long>(GetLastError())) + ")";
-  const bool lacksDisplay = isWindow && RunsInWine();
-  Raise(kErrorConversion,
-        isWindow ? "The system gave no window " + error + "." : "The system gave no device context " + error + ".",
-        lacksDisplay ? "scripts with windows run with ./run --window" : "");
+void RaiseNothingGiven(const std::string& what, const char* hint = "") {
+  const std::string error = Decimal(static_cast<long long>(GetLastError()));
+  Raise(kErrorConversion, "The system gave no " + what + " (system error " + error + ").", hint);
 }
 
 void MakeBitmap(VarRegister&, VarRegister* args, int argc, Processor* processor) {
   if (!CheckSize(args[0], args[1])) return;
   auto device = std::make_unique<Device>();
   device->bitmap = std::make_unique<MemoryFrame>(args[0], args[1]);
-  if (!device->bitmap->DeviceContext()) return RaiseNoDevice(false);
-  device.release()->Join(args[argc - 1], processor);
+  if (device->bitmap->DeviceContext()) {
+    device.release()->Join(args[argc - 1], processor);
+  } else {
+    RaiseNothingGiven("device context");
+  }
 }
 
 void OpenWindow(VarRegister* args, int argc, Processor* processor, bool isDoubleBuffered) {
   if (!CheckSize(args[0], args[1])) return;
   auto device = std::make_unique<Device>();
   device->window = Window::Open(args[0], args[1], TextIn(args[2].GetVar()), isDoubleBuffered);
-  if (!device->window) return RaiseNoDevice(true);
-  device.release()->Join(args[argc - 1], processor);
+  if (device->window) {
+    device.release()->Join(args[argc - 1], processor);
+  } else {
+    // Wine opens windows on a display alone, which ./run gives a script when it is asked for.
+    RaiseNothingGiven("window", RunsInWine() ? "scripts with windows run with ./run --window" : "");
+  }
 }
 
 void MakeWindow(VarRegister&, VarRegister* args, int argc, Processor* processor) {

@@ -38,9 +38,9 @@ class Window {
   const InputMoment& Moment() const { return input.Moment(); }
 
  private:
-  Window(HWND window, SIZE size);
+  Window(HWND handle, SIZE size);
   static void RegisterClassOnce();
-  static LRESULT CALLBACK HandleMessage(HWND window, UINT message, WPARAM wide, LPARAM param);
+  static LRESULT CALLBACK HandleMessage(HWND handle, UINT message, WPARAM wide, LPARAM param);
   static void AnswerMessages();
 
   HWND window;

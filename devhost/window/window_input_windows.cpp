@@ -22,23 +22,31 @@ void Release(Input& input, MouseButton button, LPARAM place) {
 void TakeMouse(Input& input, HWND window, UINT message, WPARAM wide, LPARAM place) {
   switch (message) {
     case WM_MOUSEMOVE:
-      return MoveMouse(input, place);
+      MoveMouse(input, place);
+      break;
     case WM_LBUTTONDOWN:
-      return Press(input, window, MouseButton::Left, place);
+      Press(input, window, MouseButton::Left, place);
+      break;
     case WM_MBUTTONDOWN:
-      return Press(input, window, MouseButton::Middle, place);
+      Press(input, window, MouseButton::Middle, place);
+      break;
     case WM_RBUTTONDOWN:
-      return Press(input, window, MouseButton::Right, place);
+      Press(input, window, MouseButton::Right, place);
+      break;
     case WM_LBUTTONUP:
-      return Release(input, MouseButton::Left, place);
+      Release(input, MouseButton::Left, place);
+      break;
     case WM_MBUTTONUP:
-      return Release(input, MouseButton::Middle, place);
+      Release(input, MouseButton::Middle, place);
+      break;
     case WM_RBUTTONUP:
-      return Release(input, MouseButton::Right, place);
+      Release(input, MouseButton::Right, place);
+      break;
     case WM_MOUSEWHEEL:
-      return input.TurnWheel(static_cast<double>(GET_WHEEL_DELTA_WPARAM(wide)) / WHEEL_DELTA);
+      input.TurnWheel(static_cast<double>(GET_WHEEL_DELTA_WPARAM(wide)) / WHEEL_DELTA);
+      break;
     default:
-      return;
+      break;
   }
 }
 
@@ -48,19 +56,22 @@ void TakeInput(Input& input, HWND window, UINT message, WPARAM wide, LPARAM para
   switch (message) {
     case WM_KEYDOWN:
     case WM_SYSKEYDOWN:
-      return input.PressKey(wide);
+      input.PressKey(wide);
+      break;
     case WM_KEYUP:
     case WM_SYSKEYUP:
-      return input.ReleaseKey(wide);
+      input.ReleaseKey(wide);
+      break;
     case WM_CHAR:
-      return input.Type(static_cast<wchar_t>(wide));
+      input.Type(static_cast<wchar_t>(wide));
+      break;
     case WM_KILLFOCUS:
       input.ReleaseAll();
       ReleaseCapture();
-      return;
+      break;
     case WM_SIZE:
       if (wide != SIZE_MINIMIZED) input.Resize(LOWORD(param), HIWORD(param));
-      return;
+      break;
     default:
       TakeMouse(input, window, message, wide, param);
   }

@@ -68,7 +68,7 @@ Window::Window(HWND handle, SIZE size) : window(handle), device(GetDC(handle)), 
 
 void Window::Close() {
   if (!window) return;
-  // Wine waits without an end for the window of a current context to go.
+  // Nothing is drawn on what is gone.
   if (wglGetCurrentDC() == device) wglMakeCurrent(nullptr, nullptr);
   SetWindowLongPtrW(window, GWLP_USERDATA, 0);
   ReleaseDC(window, device);
@@ -87,7 +87,7 @@ void Window::Pump() {
 void Window::Pump(double framesPerSecond) {
   const double due = clock.NextFrame(Now(), framesPerSecond);
   AnswerMessages();
-  for (double wait = due - Now(); wait > 0 && IsOpen(); wait = due - Now()) {
+  for (double wait = due - Now(); wait > 0; wait = due - Now()) {
     constexpr double kLongestWait = 1e6;  // milliseconds; the loop goes on waiting
     MsgWaitForMultipleObjects(0, nullptr, FALSE, static_cast<DWORD>(std::min(wait * 1000, kLongestWait)), QS_ALLINPUT);
     AnswerMessages();

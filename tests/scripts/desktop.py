@@ -10,8 +10,8 @@
             window.close()
         assert window.exit_code == 0, window.shown()      # also window.stdout, window.stderr
 
-Buttons are "left", "middle" and "right", keys have X's names: "Left", "a", "Return", "shift+a". What the user does reaches
-the script in the order of the calls, each a moment of its own for a script that asks often.
+Buttons are "left", "middle" and "right", keys have X's names: "Left", "a", "Return", "shift+a". What the user does
+reaches the script in the order of the calls, each a moment of its own for a script that asks often.
 """
 
 import contextlib

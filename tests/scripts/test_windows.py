@@ -215,8 +215,9 @@ def test_losing_the_focus_releases_all(desktop):
     report = """
   if (window->WasMouseReleased("left")) Print("button released");
   if (wasDown != window->IsKeyDown("Right")) Print("key", window->IsKeyDown("Right"));
-  wasDown = window->IsKeyDown("Right");
   if (window->WasMousePressed("left")) window->SetTitle("pressed");
+  if (wasDown && !window->IsKeyDown("Right") && !window->IsMouseDown("left")) window->SetTitle("released");
+  wasDown = window->IsKeyDown("Right");
 """
 
     def act(window):
@@ -225,12 +226,13 @@ def test_losing_the_focus_releases_all(desktop):
         window.press()
         window.wait_for_title("pressed")
         window.minimize()
-        window.activate()
+        window.wait_for_title("released")  # by the user only now
         window.release_key("Right")
         window.release()
+        window.activate()
+        window.wait_until(lambda picture: is_green(picture[0, 0]) and is_green(picture[-1, -1]))
 
-    lines = record(desktop, report, act)
-    assert lines[0] == "key 1" and sorted(lines[1:3]) == ["button released", "key 0"]
+    assert record(desktop, report, act) == ["key 1", "button released", "key 0"]
 
 
 def test_the_user_asks_and_the_script_closes(desktop):
@@ -242,14 +244,18 @@ gl->SetClearColor(0, 1, 0);
 gl->Clear();
 gl->Flush();
 while (window->Pump(20)) { }
-Print(window->IsOpen(), gl->IsOpen(), window->GetID() != 0);
+window->SetTitle("asked");
+while (!window->WasKeyPressed("Escape")) window->Pump(20);
+Print(window->IsOpen(), window->GetID() != 0);
 window->Close();
 Print(window->Pump(), window->GetID());
 """
     with desktop.start(script) as window:
         window.wait_until(lambda picture: is_green(picture[100, 100]))
         window.close()
-    assert (window.exit_code, window.stdout) == (0, "0 1 1\n0 0\n"), window.shown()
+        window.wait_for_title("asked")
+        window.key("Escape")
+    assert (window.exit_code, window.stdout) == (0, "0 1\n0 0\n"), window.shown()
 
 
 def test_frames_come_at_their_pace_while_the_window_answers(desktop):
@@ -295,7 +301,7 @@ Assert(bitmap->GetPixel(32, 32) == 0xFF0000);
     assert run.exit_code == 0, run.shown()
 
 
-@pytest.mark.parametrize("ending", ["window->Close(); Print(1); gl->Close();", "window = 0; Print(1);"])
+@pytest.mark.parametrize("ending", ["window->Close();", "window = 0;"])
 def test_a_window_goes_while_a_renderer_is_on_it(talq, ending):
     run = talq(f"""
 window = new MDC(64, 64, "window");
@@ -303,6 +309,7 @@ gl = new TOpenGL();
 gl->Open(window);
 gl->Clear();
 {ending}
+Print(1);
 bitmap = new MDC(8, 8);
 other = new TOpenGL();
 other->SetClearColor(1, 0, 0);
@@ -310,8 +317,9 @@ other->OpenBitmap(bitmap);
 other->Clear();
 other->Flush();
 Print(bitmap->GetPixel(1, 1));
-""", window=True)
+""", window=True, options=["--trace-gl"])
     assert (run.exit_code, run.stdout) == (0, "1\n255\n"), run.shown()
+    assert run.stderr.splitlines().count("wglGetCurrentContext() = null") == 2  # as each of the two opens
 
 
 @pytest.mark.parametrize("call", ["Pump()", "Pump(60)", "MouseX()", "Wheel()", 'IsKeyDown("A")', "TypedText()",
