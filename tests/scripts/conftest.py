@@ -98,9 +98,7 @@ def headless_wine():
 def run_example(name, folder):
     """Draws an example of the gallery; the last line that it prints may tell of its scene."""
     (pathlib.Path(folder) / "out").mkdir()
-    script = pathlib.Path(folder) / "scene.talq"
-    script.write_text(gallery.script_of(name))
-    return run_in_wine("talq.exe", [script], folder)
+    return run_in_wine("talq.exe", [gallery.script_of(name, folder)], folder)
 
 
 def run_volume(folder):

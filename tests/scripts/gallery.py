@@ -28,9 +28,13 @@ Print([eye, centre, [fieldOfView, width, height], [sunRadius, planets[5][1], pla
 }
 
 
-def script_of(name):
-    """A script that draws the example and then prints what tests ask of its scene."""
-    return f'include "{EXAMPLES / name}.talq";\n{SCENES.get(name, "")}'
+def script_of(name, folder):
+    """The example's script, or one, written into the folder, that draws it and then prints what tests ask of its scene."""
+    if name not in SCENES:
+        return EXAMPLES / f"{name}.talq"
+    script = pathlib.Path(folder) / "scene.talq"
+    script.write_text(f'include "{EXAMPLES / name}.talq";\n{SCENES[name]}')
+    return script
 
 
 def sources_of(script):

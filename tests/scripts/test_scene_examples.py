@@ -1,4 +1,4 @@
-"""The pictures of examples/picking.talq and examples/solar-system.talq, checked by what their scenes say."""
+"""The pictures of the examples picking, plot and solar-system, checked by what their scenes say."""
 
 import json
 import re
@@ -9,6 +9,7 @@ import pytest
 import gallery
 
 of_picking = pytest.mark.xdist_group("example picking")
+of_plot = pytest.mark.xdist_group("example plot")
 of_system = pytest.mark.xdist_group("example solar-system")
 
 
@@ -70,6 +71,30 @@ def test_only_picked_marbles_glow(picking):
     # They reach into the rectangle, so none is farther outside than the diameter of the largest.
     assert columns.min() > left - 90 and columns.max() < left + width + 90
     assert rows.min() > top - 90 and rows.max() < top + height + 90
+
+
+# Drawn by the example; where everything lies in it, the chart of the same table tells.
+PLOT = f"""
+path = "{gallery.EXAMPLES}/plot/sun.csv";
+include "{gallery.EXAMPLES}/plot/chart.talq";
+places = [];
+for (row = 0; row < Length(corners); row += 1) places->Add(corners[row][0]);
+Print([Triple(OrbitEye(orbit)), Triple(orbit[orbitCentre]), [orbit[orbitField], width, height], places]);
+"""
+
+
+@of_plot
+def test_surface_has_the_colour_of_its_height_where_it_lies(talq, example):
+    picture = example("plot").pictures["plot"].astype(int)
+    eye, centre, view, places = json.loads(talq(PLOT).stdout)
+    # Faces that the viewer sees, from the blue of a winter night to the red of noon in summer.
+    days_and_hours = [(358, 4), (358, 8), (358, 12), (302, 12), (204, 12)]
+    x, y, _ = project([places[day // 7][hour] for day, hour in days_and_hours], eye, centre, view)
+    # Beside the lines, which run through the places.
+    red, _, blue = numpy.array([picture[int(b) - 6 : int(b) - 1, int(a) + 3 : int(a) + 8].mean(axis=(0, 1))
+                                for a, b in zip(x, y)]).T
+    redness = red - blue
+    assert (numpy.diff(redness) > 10).all() and redness[0] < -100 and redness[-1] > 100
 
 
 @pytest.fixture

@@ -1,6 +1,7 @@
 """The texts of examples/text.talq: their characters, their widths, and where they lie."""
 
 import json
+import math
 
 import numpy
 import pytest
@@ -153,7 +154,7 @@ def pixel_of(point):
     """Column and row, from the upper left corner, of the pixel in which the point of the scene lies."""
     x, y, z = point - EYE
     scale = HEIGHT / 2 / numpy.tan(numpy.radians(FIELD) / 2) / -z
-    return int(WIDTH / 2 + x * scale), int(HEIGHT / 2 - y * scale)
+    return math.floor(WIDTH / 2 + x * scale), math.floor(HEIGHT / 2 - y * scale)
 
 
 @pytest.mark.parametrize("point", [(0.3, 1.2, 0), (3.1, -0.7, -8), (-1.9, 3.3, 2.5)])
@@ -166,6 +167,14 @@ def test_text_lies_at_its_point_of_the_scene(talq, point):
         """)
     column, row = pixel_of(numpy.array(point))
     assert (drawn == box_at(column + 5, row + 1 + 3, *sizes[0])).all()
+
+
+def test_pixel_of_a_point_is_known(talq):
+    points = [(0.3, 1.2, 0), (3.1, -0.7, -8), (-1.9, 3.3, 2.5), (9.1, 7.3, 4)]  # the last one lies outside of the frame
+    statements = "".join(f"places->Add(PlaceInFrame(gl, {FIELD}, new POINT3{point}));\n" for point in points)
+    places, _ = draw(talq, f"places = [];\n{statements}Print(places);\n")
+    for point, (column, row, distance) in zip(points, places, strict=True):
+        assert (column, row) == pixel_of(numpy.array(point)) and distance == pytest.approx(12 - point[2])
 
 
 @pytest.mark.parametrize("z, is_hidden", [(-1, True), (1, False)])
