@@ -3,11 +3,13 @@
 import csv
 import json
 import math
+import re
 
 import numpy
 import pytest
 
 import gallery
+from desktop import wait_for
 
 PLOT = gallery.EXAMPLES / "plot"
 SUN = PLOT / "sun.csv"
@@ -107,3 +109,16 @@ def test_table_of_the_sun_is_what_its_formula_gives():
             sine = sin(radians(50)) * sin(declination)
             sine += cos(radians(50)) * cos(declination) * cos(radians(15 * (hour - 12)))
             assert value == pytest.approx(math.degrees(math.asin(sine)), abs=0.05001)
+
+
+@pytest.mark.xdist_group("window")
+def test_chart_is_turned_in_a_window_until_escape(desktop, tmp_path):
+    (tmp_path / "table.csv").write_text(GOOD)
+    red = lambda picture: (picture[:, :, 0] > picture[:, :, 2] + 80).sum()
+    with desktop.start(PLOT.parent / "plot.talq", "table.csv") as window:
+        first = window.wait_until(lambda picture: red(picture) > 1000)
+        wait_for(lambda: re.fullmatch(r"A title - \d+ frames a second", window.title()), "the count of frames")
+        window.drag([(400, 300), (500, 320)])
+        window.wait_until(lambda picture: (picture != first).any(axis=2).mean() > 0.1)
+        window.key("Escape")
+    assert window.exit_code == 0, window.shown()
