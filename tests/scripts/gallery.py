@@ -29,7 +29,7 @@ Print([eye, centre, [fieldOfView, width, height], [sunRadius, planets[5][1], pla
 
 
 def script_of(name, folder):
-    """The example's script, or one, written into the folder, that draws it and then prints what tests ask of its scene."""
+    """The example's script; where tests ask something of its scene, one in the folder that draws it and prints that."""
     if name not in SCENES:
         return EXAMPLES / f"{name}.talq"
     script = pathlib.Path(folder) / "scene.talq"

@@ -67,7 +67,7 @@ def test_width_of_each_character_is_by_how_much_it_moves_the_next_one(talq, font
     widths, drawn = draw(
         talq,
         "widths = [];\n"
-        + CELLS.replace("FONT", str(font)).replace("BEFORE", f'widths->Add(TextWidth(fonts[{font}], text)); text += "H";')
+        + CELLS.replace("BEFORE", 'widths->Add(TextWidth(fonts[FONT], text)); text += "H";').replace("FONT", str(font))
         + f'widths->Add(TextWidth(fonts[{font}], "H"));\nPrint(widths);',
     )
     *widths, width_of_h = widths
