@@ -30,6 +30,8 @@ add_executable(unit_tests ${test_sources})
 target_compile_options(unit_tests PRIVATE -g0)
 target_link_libraries(unit_tests PRIVATE project_options ${tested_parts} GTest::gtest GTest::gtest_main)
 precompile_standard_headers(unit_tests <gtest/gtest.h>)
+set_source_files_properties(tests/unit/module/context_failures_test.cpp PROPERTIES
+  COMPILE_DEFINITIONS TESTING_DOCUMENT="${PROJECT_SOURCE_DIR}/docs/testing.md")
 # tests/unit/support/function_trace.cpp stands between the module and the host's compiler of script functions.
 target_link_options(unit_tests PRIVATE
   "LINKER:--wrap=_ZN7devhost15CompileFunctionESt17basic_string_viewIcSt11char_traitsIcEE")

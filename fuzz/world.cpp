@@ -13,8 +13,17 @@
 #include "tests/unit/support/load_module.h"
 #include "tests/unit/support/values.h"
 
+namespace {
+
+constexpr long long kBitmap = 0x3000;
+// What a device context's handle can be: none, windows, a memory bitmap.
+constexpr long long kDevices[] = {0, 0x1000, 0x1000, 0x1000, 0x1000, 0x1000, 0x1000, 0x2000, kBitmap, kBitmap};
+
+}  // namespace
+
 World::World(Random& random) : random(random) {
   recorder::Reset();
+  recorder::Get().answers.bitmaps = {reinterpret_cast<HDC>(std::uintptr_t{kBitmap})};
   Device() = {};
   LoadTestedModule();
   for (int i = 0; i < kObjects; ++i) {
@@ -63,7 +72,7 @@ Variable World::NewUnjoined(std::string_view className) {
 
 void World::ChangeDriver() {
   recorder::Answers& answers = recorder::Get().answers;
-  answers.pixelFormat = random.Percent(80) ? 1 : 0;
+  answers.pixelFormat = random.Percent(80) ? 1 : random.Below(3);
   answers.createsContexts = random.Percent(80);
   answers.makesCurrent = random.Percent(80);
   answers.createsQuadrics = random.Percent(80);
@@ -80,7 +89,7 @@ void World::ChangeDriver() {
   answers.hits = random.Percent(90) ? random.Below(4) : -1;
   answers.hitRecords = {1, 5, 6, 7, 2, 8, 9, 10, 11, 0, 1, 2};
   if (random.Percent(20)) answers.hitRecords[0] = 0xFFFFFFFF;
-  Device().id = random.Percent(90) ? 0x1000 : 0;
+  Device().id = random.Pick(kDevices);
   Device().bottom = random.Integer();
 }
 
@@ -90,8 +99,9 @@ void World::EndAbandonedSelections(const HGLRC__* before) const {
     const auto* native = NativeOf<TOpenGL>(renderer);
     if (native) buffers.insert(native->GetSelectBuffer().data());
   }
-  for (auto& [context, selection] : recorder::Get().selections) {
-    const bool wasCurrent = context == before && context == recorder::Get().currentContext;
+  for (auto& [handle, context] : recorder::Get().contexts) {
+    recorder::Selection& selection = context.selection;
+    const bool wasCurrent = handle == before && handle == recorder::Get().currentContext;
     if (selection.isOn && !wasCurrent && !buffers.contains(selection.buffer.data())) selection = {};
   }
 }

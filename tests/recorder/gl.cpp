@@ -6,7 +6,6 @@
 using gl_trace::ClearMask;
 using gl_trace::Enum;
 using gl_trace::Primitive;
-using recorder::Balance;
 using recorder::Get;
 using recorder::Record;
 
@@ -19,18 +18,24 @@ std::span<const T> Array(const T* values) {
 
 void Fault(const char* text) { Get().balance.faults.emplace_back(text); }
 
+void MoveMatrixStack(int by) {
+  if (Get().HasContext()) Get().balance.matrixDepth[Get().balance.matrixMode] += by;
+}
+
 }  // namespace
 
 // ---- Begin and end
 
 void glBegin(GLenum mode) {
   Record("glBegin", Primitive{mode});
+  if (!Get().HasContext()) return;
   if (Get().balance.insideBegin) Fault("glBegin inside glBegin");
   Get().balance.insideBegin = true;
 }
 
 void glEnd() {
   Record("glEnd");
+  if (!Get().HasContext()) return;
   if (!Get().balance.insideBegin) Fault("glEnd without glBegin");
   Get().balance.insideBegin = false;
 }
@@ -49,11 +54,11 @@ void glTexCoord2f(GLfloat s, GLfloat t) { Record("glTexCoord2f", s, t); }
 
 void glEnable(GLenum capability) {
   Record("glEnable", Enum{capability});
-  Get().answers.enabled.insert(capability);
+  if (Get().HasContext()) Get().answers.enabled.insert(capability);
 }
 void glDisable(GLenum capability) {
   Record("glDisable", Enum{capability});
-  Get().answers.enabled.erase(capability);
+  if (Get().HasContext()) Get().answers.enabled.erase(capability);
 }
 void glHint(GLenum target, GLenum mode) { Record("glHint", Enum{target}, Enum{mode}); }
 void glShadeModel(GLenum mode) { Record("glShadeModel", Enum{mode}); }
@@ -92,17 +97,15 @@ void glFogfv(GLenum name, const GLfloat* values) { Record("glFogfv", Enum{name},
 
 void glMatrixMode(GLenum mode) {
   Record("glMatrixMode", Enum{mode});
-  Get().balance.matrixMode = mode;
+  if (Get().HasContext()) Get().balance.matrixMode = mode;
 }
 void glPushMatrix() {
   Record("glPushMatrix");
-  Balance& balance = Get().balance;
-  ++balance.matrixDepth[balance.matrixMode];
+  MoveMatrixStack(1);
 }
 void glPopMatrix() {
   Record("glPopMatrix");
-  Balance& balance = Get().balance;
-  --balance.matrixDepth[balance.matrixMode];
+  MoveMatrixStack(-1);
 }
 void glLoadIdentity() { Record("glLoadIdentity"); }
 void glMultMatrixd(const GLdouble* matrix) { Record("glMultMatrixd", Array<16>(matrix)); }
@@ -117,12 +120,13 @@ void glFrustum(GLdouble left, GLdouble right, GLdouble bottom, GLdouble top, GLd
 
 void glNewList(GLuint list, GLenum mode) {
   Record("glNewList", list, Enum{mode});
+  if (!Get().HasContext()) return;
   if (Get().balance.insideList) Fault("glNewList inside glNewList");
   Get().balance.insideList = true;
 }
 void glEndList() {
   Record("glEndList");
-  Get().balance.insideList = false;
+  if (Get().HasContext()) Get().balance.insideList = false;
 }
 void glCallList(GLuint list) { Record("glCallList", list); }
 void glCallLists(GLsizei count, GLenum type, const GLvoid* lists) {

@@ -36,31 +36,32 @@ const GLubyte* glGetString(GLenum name) {
   Record("glGetString", Enum{name});
   const auto& strings = Get().answers.strings;
   const auto found = strings.find(name);
-  return found == strings.end() ? nullptr : reinterpret_cast<const GLubyte*>(found->second.c_str());
+  return found == strings.end() || !Get().HasContext() ? nullptr
+                                                       : reinterpret_cast<const GLubyte*>(found->second.c_str());
 }
 
 GLboolean glIsEnabled(GLenum capability) {
   Record("glIsEnabled", Enum{capability});
-  return Get().answers.enabled.contains(capability) ? GL_TRUE : GL_FALSE;
+  return Get().HasContext() && Get().answers.enabled.contains(capability) ? GL_TRUE : GL_FALSE;
 }
 
 void glGetIntegerv(GLenum name, GLint* values) {
   Record("glGetIntegerv", Enum{name});
   const auto& viewport = Get().answers.viewport;
-  if (name == GL_VIEWPORT && viewport) std::copy(viewport->begin(), viewport->end(), values);
+  if (name == GL_VIEWPORT && viewport && Get().HasContext()) std::copy(viewport->begin(), viewport->end(), values);
 }
 
 void glGetDoublev(GLenum name, GLdouble* values) {
   Record("glGetDoublev", Enum{name});
   auto& matrices = Get().answers.modelViews;
-  if (name != GL_MODELVIEW_MATRIX || matrices.empty()) return;
+  if (name != GL_MODELVIEW_MATRIX || matrices.empty() || !Get().HasContext()) return;
   std::copy(matrices.front().begin(), matrices.front().end(), values);
   matrices.pop_front();
 }
 
 GLuint glGenLists(GLsizei count) {
   Record("glGenLists", count);
-  return Get().answers.firstList;
+  return Get().HasContext() ? Get().answers.firstList : 0;
 }
 
 // ---- Selection
@@ -115,7 +116,7 @@ void glRasterPos3f(GLfloat x, GLfloat y, GLfloat z) { Record("glRasterPos3f", x,
 // Rows start at multiples of 4 bytes, as OpenGL's default pack alignment has it; the bytes between stay as they are.
 void glReadPixels(GLint x, GLint y, GLsizei width, GLsizei height, GLenum format, GLenum type, GLvoid* pixels) {
   Record("glReadPixels", x, y, width, height, Enum{format}, Enum{type});
-  if (width <= 0 || height <= 0) return;
+  if (width <= 0 || height <= 0 || !Get().HasContext()) return;
   const std::size_t row = std::size_t{3} * static_cast<std::size_t>(width);
   std::vector<unsigned char> frame = Get().answers.frame;
   frame.resize(row * static_cast<std::size_t>(height));

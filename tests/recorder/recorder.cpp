@@ -1,5 +1,8 @@
 #include "tests/recorder/recorder.h"
 
+#include <tuple>
+#include <utility>
+
 namespace recorder {
 namespace {
 
@@ -47,6 +50,15 @@ Recorder& Get() {
 }
 
 void Reset() { Get() = {}; }
+
+void SetCurrent(std::uintptr_t device, std::uintptr_t context) {
+  Recorder& recorder = Get();
+  const auto current = std::pair(reinterpret_cast<HDC>(device), reinterpret_cast<HGLRC>(context));
+  std::tie(recorder.currentDevice, recorder.currentContext) = current;
+  if (!context) return;
+  recorder.contexts[current.second].pixelFormat = recorder.pixelFormats.try_emplace(current.first, 1).first->second;
+  recorder.onceCurrent.insert(current);
+}
 
 std::string TakeLog() {
   std::vector<std::string> lines;

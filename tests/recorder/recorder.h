@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <deque>
 #include <initializer_list>
 #include <map>
@@ -27,9 +28,11 @@ struct Call {
 
 // What the driver answers.
 struct Answers {
-  int pixelFormat = 1;
+  int pixelFormat = 1;    // the choice; 0: none fits
+  std::set<HDC> bitmaps;  // the devices of memory bitmaps, whose pixel format can be set anew; all others are windows
   bool createsContexts = true;
   bool makesCurrent = true;  // a context on a device on which it was not before
+  bool deletesContexts = true;
   DWORD lastError = 0;
   // Of GL_VENDOR and so on; without an entry glGetString answers null.
   std::map<GLenum, std::string> strings;
@@ -66,27 +69,36 @@ struct Balance {
   std::vector<std::string> TakeUndeleted();
 };
 
-// Selection mode, which every context has of its own.
 struct Selection {
   bool isOn = false;
   std::span<GLuint> buffer;
 };
 
-// What was noted, what is answered, and the little state that the stand-ins keep.
+// What every rendering context has of its own.
+struct Context {
+  int pixelFormat = 0;  // of the device for which it was created
+  Selection selection;
+};
+
+// What was noted, what is answered, and the little state that the stand-ins keep. Contexts and pixel formats follow
+// Microsoft's documentation of WGL: a window takes one pixel format, once; a context becomes current on devices of its
+// pixel format alone; where that fails, no context is current any more.
 struct Recorder {
   std::vector<Call> calls;
   Answers answers;
   Balance balance;
   HDC currentDevice = nullptr;
   HGLRC currentContext = nullptr;
-  std::map<HGLRC, Selection> selections;
-  std::set<HGLRC> deletedContexts;
-  std::set<std::pair<HDC, HGLRC>> onceCurrent{{nullptr, nullptr}};
+  std::map<HDC, int> pixelFormats;  // of the devices that have one
+  std::map<HGLRC, Context> contexts;
+  std::set<std::pair<HDC, HGLRC>> onceCurrent;
   _GLUfuncptr nurbsErrorCallback = nullptr;
   int objectsMade = 0;  // contexts, quadrics and NURBS renderers
 
-  // Null without a context, when OpenGL does nothing.
-  Selection* CurrentSelection() { return currentContext ? &selections[currentContext] : nullptr; }
+  // Without a current context, OpenGL answers nothing and changes nothing.
+  bool HasContext() const { return currentContext != nullptr; }
+  // Null without a context.
+  Selection* CurrentSelection() { return HasContext() ? &contexts.at(currentContext).selection : nullptr; }
 
   // The handle that comes next, and a fresh one; neither is null.
   template <class Handle>
@@ -105,6 +117,9 @@ struct Recorder {
 Recorder& Get();
 // Back to the first state: nothing noted, nothing current, everything succeeds.
 void Reset();
+// Another part of the program makes a context of its own current, on a device of its pixel format; both are handles,
+// 0 and 0 none.
+void SetCurrent(std::uintptr_t device, std::uintptr_t context);
 
 // The calls so far, one a line, and forgets them.
 std::string TakeLog();

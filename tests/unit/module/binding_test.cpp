@@ -295,7 +295,7 @@ TEST_F(BindingTest, RegistersOfAnInstanceAreMadeOnceForAll) {
                    "register: VarRegister()", "register: VarRegister()", "MakeInstance POINT3(3)",
                    "MakeInstance POINT3(3)", "MakeInstance POINT3(3)"}));
   recorder::Get().answers.modelViews = {kIdentity, kIdentity};
-  const std::string log = HostLog(NewRenderer(), "GetMatrix", {});
+  const std::string log = HostLog(OpenRenderer(), "GetMatrix", {});
   EXPECT_TRUE(log.ends_with(
       Lines({"glPopMatrix()", "register: VarRegister()", "register: VarRegister()", "register: VarRegister()",
              "register: VarRegister()", "register: Variable&()", "MakeInstance Matrix(2)", "register: Variable&()",

@@ -9,6 +9,7 @@
 namespace {
 
 using ContextTest = ModuleTest;
+using recorder::SetCurrent;
 
 constexpr char kWindowFlags[] = "PFD_DRAW_TO_WINDOW | PFD_SUPPORT_OPENGL | PFD_GENERIC_FORMAT | PFD_SWAP_COPY";
 constexpr char kBitmapFlags[] = "PFD_DRAW_TO_BITMAP | PFD_SUPPORT_GDI | PFD_SUPPORT_OPENGL | PFD_SWAP_COPY";
@@ -31,12 +32,6 @@ std::string Creation(const std::string& device, const std::string& flags, const 
 std::string Binding(const std::string& device, const std::string& flags, const std::string& context) {
   return "wglGetCurrentDC()\nwglGetCurrentContext()\nChoosePixelFormat(" + device + ", " + flags +
          ")\nSetPixelFormat(" + device + ", 1, " + flags + ")\nwglMakeCurrent(" + device + ", " + context + ")\n";
-}
-
-// What was current before the module came.
-void SetCurrent(std::uintptr_t device, std::uintptr_t context) {
-  recorder::Get().currentDevice = reinterpret_cast<HDC>(device);
-  recorder::Get().currentContext = reinterpret_cast<HGLRC>(context);
 }
 
 void ExpectCurrent(std::uintptr_t device, std::uintptr_t context) {

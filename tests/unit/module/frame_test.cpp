@@ -161,7 +161,7 @@ TEST_F(FrameTest, FlushWorksInEveryState) {
 TEST_F(FrameTest, VersionIsFourTexts) {
   recorder::Get().answers.strings = {
       {GL_VENDOR, "maker"}, {GL_RENDERER, "machine"}, {GL_VERSION, "1.1"}, {GL_EXTENSIONS, "GL_a GL_b"}};
-  Variable renderer = NewRenderer();
+  Variable renderer = OpenRenderer();
   Variable texts = Call(renderer, "GetVersion");
   EXPECT_EQ(texts.GetType(), TVAR_ARRAY);
   EXPECT_EQ(devhost::TextOf(texts),

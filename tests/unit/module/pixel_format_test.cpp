@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "binding/errors.h"
 #include "classes/gl.h"
 #include "tests/unit/support/fixture.h"
 
@@ -66,13 +67,19 @@ TEST_F(PixelFormatTest, BitmapFlagsFollowNothing) {
 }
 
 TEST_F(PixelFormatTest, ChosenNumberIsSetUnchecked) {
-  for (const int format : {0, 9}) {
-    recorder::Get().answers.pixelFormat = format;
-    Variable renderer = OpenRenderer();
-    Call(renderer, "BindMDC", NewObject("MDC"));
-    EXPECT_NE(TakeLog().find("SetPixelFormat(0x1000, " + std::to_string(format) + ","), std::string::npos);
-    EXPECT_EQ(static_cast<int>(Call(renderer, "IsOpen")), 1);
-  }
+  recorder::Get().answers.pixelFormat = 0;
+  Variable renderer = NewRenderer();
+  Call(renderer, "Open", NewObject("MDC"));
+  EXPECT_NE(TakeLog().find("SetPixelFormat(0x1000, 0,"), std::string::npos);
+  ExpectModuleError(OGL_WRONG_DC, "The Device Context is not Valid System error #0");
+  recorder::Get().answers.pixelFormat = 9;
+  Call(renderer, "Open", NewObject("MDC"));
+  EXPECT_NE(TakeLog().find("SetPixelFormat(0x1000, 9,"), std::string::npos);
+  // The window has its format, whatever is set.
+  recorder::Get().answers.pixelFormat = 0;
+  Call(renderer, "BindMDC", NewObject("MDC"));
+  EXPECT_NE(TakeLog().find("SetPixelFormat(0x1000, 0,"), std::string::npos);
+  EXPECT_EQ(static_cast<int>(Call(renderer, "IsBind")), 1);
 }
 
 TEST_F(PixelFormatTest, DoubleBufferingIsReported) {

@@ -153,6 +153,7 @@ TEST_F(ReadBackTest, WithoutScratchTheBytesStayUnfilled) {
 #endif
 
 TEST_F(ReadBackTest, NativeCallFillsExactlyItsPixels) {
+  recorder::SetCurrent(0x1000, 0x77);
   recorder::Get().answers.frame = Frame(24);
   const TOpenGL renderer;
   Bytes pixels(26, 0xEE);

@@ -157,6 +157,8 @@ TEST_F(SelectionTest, TheCountSurvivesAClose) {
   TakeLog();
   Call(renderer, "EndSelection");
   EXPECT_EQ(TakeLog(), Ending());
+  // The projection that was kept went with the context.
+  recorder::Get().balance.matrixDepth.clear();
 }
 
 TEST_F(SelectionTest, WithoutANativeObjectNothingButTheErrorHappens) {

@@ -39,6 +39,11 @@ class VolumeTest : public ModuleTest {
     for (int voxel = 0; voxel < 24; ++voxel) volume.data.push_back(static_cast<unsigned char>(voxel + 1));
   }
 
+  void SetUp() override {
+    ModuleTest::SetUp();
+    recorder::SetCurrent(0x1000, 0x77);
+  }
+
   // What building sends between glBegin with its point size and glEnd.
   std::string Points(int mode, int axis, int direction, int step = 1, int threshold = 0) {
     const unsigned list = renderer.BuildVolumePoints(volume.data.data(), volume.width, volume.height, volume.depth,

@@ -45,7 +45,9 @@ TEST(LeftoversTest, MemoryThatIsGivenBackIsNone) {
 TEST(LeftoversTest, ObjectsOfOpenGLStandBehindMemory) {
   recorder::Reset();
   const std::vector<void*> memory = Allocate();
-  wglCreateContext(nullptr);
+  HDC const device = reinterpret_cast<HDC>(std::uintptr_t{0x1000});
+  recorder::Get().pixelFormats[device] = 1;
+  wglCreateContext(device);
   gluNewQuadric();
   EXPECT_EQ(TakeLeftovers(),
             "not given back: 2 of 24 bytes, 1 of 40 bytes; contexts not deleted: 1; quadrics not deleted: 1");

@@ -8,9 +8,14 @@
 
 namespace {
 
+HDC const kDevice = reinterpret_cast<HDC>(std::uintptr_t{0x1000});
+
 class RecorderTest : public testing::Test {
  protected:
-  void SetUp() override { recorder::Reset(); }
+  void SetUp() override {
+    recorder::Reset();
+    recorder::SetCurrent(0x1000, 0x77);
+  }
   void TearDown() override { recorder::Reset(); }
 };
 
@@ -67,14 +72,14 @@ TEST_F(RecorderTest, UnbalancedCallsAreProblems) {
 
 TEST_F(RecorderTest, ObjectsAreUndeletedUntilTheyAreDeletedOrTaken) {
   recorder::Balance& balance = recorder::Get().balance;
-  auto* const context = wglCreateContext(nullptr);
+  auto* const context = wglCreateContext(kDevice);
   auto* const quadric = gluNewQuadric();
   auto* const nurbs = gluNewNurbsRenderer();
   wglDeleteContext(context);
   gluDeleteQuadric(quadric);
   gluDeleteNurbsRenderer(nurbs);
   EXPECT_EQ(balance.TakeUndeleted(), Problems());
-  wglCreateContext(nullptr);
+  wglCreateContext(kDevice);
   gluNewQuadric();
   gluNewQuadric();
   gluNewNurbsRenderer();
@@ -89,14 +94,11 @@ TEST_F(RecorderTest, SelectionAnswersOncePerSelectMode) {
   recorder::Get().answers.hits = 1;
   recorder::Get().answers.hitRecords = {1, 10, 20, 7};
   GLuint buffer[8] = {};
-  HGLRC const context = wglCreateContext(nullptr);
-  wglMakeCurrent(nullptr, context);
   glSelectBuffer(8, buffer);
   glRenderMode(GL_SELECT);
   EXPECT_EQ(glRenderMode(GL_RENDER), 1);
   EXPECT_EQ(buffer[3], 7U);
   EXPECT_EQ(glRenderMode(GL_RENDER), 0);
-  wglDeleteContext(context);
 }
 
 }  // namespace
