@@ -110,9 +110,6 @@ void glLoadName(GLuint name) {
 
 // ---- Images
 
-void glPixelStorei(GLenum name, GLint value) { Record("glPixelStorei", Enum{name}, value); }
-void glRasterPos3f(GLfloat x, GLfloat y, GLfloat z) { Record("glRasterPos3f", x, y, z); }
-
 // Rows start at multiples of 4 bytes, as OpenGL's default pack alignment has it; the bytes between stay as they are.
 void glReadPixels(GLint x, GLint y, GLsizei width, GLsizei height, GLenum format, GLenum type, GLvoid* pixels) {
   Record("glReadPixels", x, y, width, height, Enum{format}, Enum{type});

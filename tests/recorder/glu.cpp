@@ -35,15 +35,6 @@ void ReportNurbsError() {
 
 }  // namespace
 
-void gluLookAt(GLdouble eyeX, GLdouble eyeY, GLdouble eyeZ, GLdouble centerX, GLdouble centerY, GLdouble centerZ,
-               GLdouble upX, GLdouble upY, GLdouble upZ) {
-  Record("gluLookAt", eyeX, eyeY, eyeZ, centerX, centerY, centerZ, upX, upY, upZ);
-}
-
-void gluPickMatrix(GLdouble x, GLdouble y, GLdouble width, GLdouble height, GLint* viewport) {
-  Record("gluPickMatrix", x, y, width, height, Array(static_cast<const GLint*>(viewport), 4));
-}
-
 const GLubyte* gluErrorString(GLenum error) {
   Record("gluErrorString", error);
   static std::string text;
@@ -57,23 +48,6 @@ GLUquadric* gluNewQuadric() {
   return Create<GLUquadric>("gluNewQuadric", Get().answers.createsQuadrics, Get().balance.quadrics);
 }
 void gluDeleteQuadric(GLUquadric* quadric) { Delete("gluDeleteQuadric", quadric, Get().balance.quadrics); }
-void gluQuadricDrawStyle(GLUquadric* quadric, GLenum style) { Record("gluQuadricDrawStyle", quadric, Enum{style}); }
-void gluQuadricOrientation(GLUquadric* quadric, GLenum orientation) {
-  Record("gluQuadricOrientation", quadric, Enum{orientation});
-}
-void gluSphere(GLUquadric* quadric, GLdouble radius, GLint slices, GLint stacks) {
-  Record("gluSphere", quadric, radius, slices, stacks);
-}
-void gluCylinder(GLUquadric* quadric, GLdouble base, GLdouble top, GLdouble height, GLint slices, GLint stacks) {
-  Record("gluCylinder", quadric, base, top, height, slices, stacks);
-}
-void gluDisk(GLUquadric* quadric, GLdouble inner, GLdouble outer, GLint slices, GLint loops) {
-  Record("gluDisk", quadric, inner, outer, slices, loops);
-}
-void gluPartialDisk(GLUquadric* quadric, GLdouble inner, GLdouble outer, GLint slices, GLint loops, GLdouble start,
-                    GLdouble sweep) {
-  Record("gluPartialDisk", quadric, inner, outer, slices, loops, start, sweep);
-}
 
 // ---- NURBS
 
@@ -85,13 +59,6 @@ void gluNurbsCallback(GLUnurbs* nurbs, GLenum which, _GLUfuncptr callback) {
   Record("gluNurbsCallback", nurbs, Enum{which});
   Get().nurbsErrorCallback = nurbs ? callback : nullptr;
 }
-void gluNurbsProperty(GLUnurbs* nurbs, GLenum property, GLfloat value) {
-  Record("gluNurbsProperty", nurbs, Enum{property}, Enum{static_cast<GLenum>(value)});
-}
-void gluBeginCurve(GLUnurbs* nurbs) { Record("gluBeginCurve", nurbs); }
-void gluEndCurve(GLUnurbs* nurbs) { Record("gluEndCurve", nurbs); }
-void gluBeginSurface(GLUnurbs* nurbs) { Record("gluBeginSurface", nurbs); }
-void gluEndSurface(GLUnurbs* nurbs) { Record("gluEndSurface", nurbs); }
 
 void gluNurbsCurve(GLUnurbs* nurbs, GLint knotCount, GLfloat* knots, GLint stride, GLfloat* control, GLint order,
                    GLenum type) {
