@@ -139,23 +139,4 @@ TEST_F(ListsTest, AContextThatIsNotBoundIsEnough) {
             Lines({"glNewList(1, GL_COMPILE)", "glEndList()", "glCallList(1)", "glCallLists(1, GL_INT, {1})"}));
 }
 
-TEST_F(ListsTest, WithoutANativeObjectNothingButTheErrorHappens) {
-  Variable object = Unjoined("TOpenGL");
-  const std::vector<std::pair<const char*, std::vector<Variable>>> calls = {
-      {"GenList(void)", {}},
-      {"GenList(int)", {Variable(1)}},
-      {"NewList", {Variable(1)}},
-      {"EndList", {}},
-      {"CallList", {Variable(1)}},
-      {"CallLists", {Integers({1})}},
-      {"DeleteList(int)", {Variable(1)}},
-      {"DeleteLists(int, int)", {Variable(1), Variable(1)}},
-  };
-  for (const auto& [row, arguments] : calls) {
-    EXPECT_TRUE(IsUntouched(CallRow(object, row, arguments))) << row;
-    ExpectNoNative("TOpenGL");
-    EXPECT_EQ(TakeLog(), "") << row;
-  }
-}
-
 }  // namespace

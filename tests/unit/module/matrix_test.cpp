@@ -26,13 +26,6 @@ std::vector<MatrixCall> CallsThatNeedAContext() {
           {"SetScale", {one, one, one}}};
 }
 
-std::vector<MatrixCall> CallsThatNeedNoContext() {
-  return {{"LoadIdentityMatrix", {}},
-          {"LoadMatrix", {MatrixOf(kIdentity)}},
-          {"MultiplyMatrix", {MatrixOf(kIdentity)}},
-          {"GetMatrix", {}}};
-}
-
 TEST_F(MatrixTest, TranslateTakesNumbersOrAPoint) {
   Variable renderer = OpenRenderer();
   Call(renderer, "Translate(number, number, number)", 1.5F, -2.0F, 3.25F);
@@ -170,17 +163,6 @@ TEST_F(MatrixTest, APushOnAClosedRendererDoesNotUnbalanceALaterPop) {
   Call(renderer, "PushModelMatrix");
   Call(renderer, "PopModelMatrix");
   EXPECT_EQ(TakeLog(), Lines({kModelView, "glPushMatrix()", kModelView, "glPopMatrix()"}));
-}
-
-TEST_F(MatrixTest, WithoutANativeObjectNothingButTheErrorHappens) {
-  Variable object = Unjoined("TOpenGL");
-  for (const auto& calls : {CallsThatNeedAContext(), CallsThatNeedNoContext()}) {
-    for (const auto& [row, arguments] : calls) {
-      EXPECT_TRUE(IsUntouched(CallRow(object, row, arguments))) << row;
-      ExpectNoNative("TOpenGL");
-      EXPECT_EQ(TakeLog(), "") << row;
-    }
-  }
 }
 
 }  // namespace

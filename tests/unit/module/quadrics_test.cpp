@@ -162,12 +162,4 @@ TEST_F(QuadricsTest, AnErrorThatIsPendingDoesNotKeepThemFromDrawing) {
   ExpectError(99, "before");
 }
 
-TEST_F(QuadricsTest, WithoutItsNativeObject) {
-  Variable renderer = Unjoined("TOpenGL");
-  for (const char* row : {"Sphere", "Cylinder", "Disk", "PartialDisk"}) {
-    CallRow(renderer, row, std::vector<Variable>(5, Variable(1)));
-    ExpectNoNative("TOpenGL");
-  }
-}
-
 }  // namespace

@@ -1,7 +1,6 @@
 // Picking: names, the pick rectangle, and the depth of selections.
 #include <limits>
 #include <string>
-#include <vector>
 
 #include "render/topengl.h"
 #include "tests/unit/support/fixture.h"
@@ -159,20 +158,6 @@ TEST_F(SelectionTest, TheCountSurvivesAClose) {
   EXPECT_EQ(TakeLog(), Ending());
   // The projection that was kept went with the context.
   recorder::Get().balance.matrixDepth.clear();
-}
-
-TEST_F(SelectionTest, WithoutANativeObjectNothingButTheErrorHappens) {
-  Variable object = Unjoined("TOpenGL");
-  const Variable one(1);
-  const std::vector<std::pair<const char*, std::vector<Variable>>> calls = {
-      {"InitNameStack", {}}, {"PushName", {one}},  {"PopName", {}},
-      {"LoadName", {one}},   {"EndSelection", {}}, {"BeginSelection", {one, one, one, one}},
-  };
-  for (const auto& [row, arguments] : calls) {
-    EXPECT_TRUE(IsUntouched(CallRow(object, row, arguments))) << row;
-    ExpectNoNative("TOpenGL");
-    EXPECT_EQ(TakeLog(), "") << row;
-  }
 }
 
 // What the end of a renderer asks of OpenGL while selections of its own are counted.

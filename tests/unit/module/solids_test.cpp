@@ -159,12 +159,4 @@ TEST_F(SolidsTest, AnErrorThatIsPendingDoesNotKeepThemFromDrawing) {
   ExpectError(99, "before");
 }
 
-TEST_F(SolidsTest, WithoutItsNativeObject) {
-  Variable renderer = Unjoined("TOpenGL");
-  for (const char* row : {"Box", "Torus"}) {
-    CallRow(renderer, row, std::vector<Variable>(6, Variable(1)));
-    ExpectNoNative("TOpenGL");
-  }
-}
-
 }  // namespace

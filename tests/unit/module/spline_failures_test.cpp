@@ -119,13 +119,4 @@ TEST_F(SplineFailuresTest, ABadElementRaisesItsErrorAndIsDrawnAsTheHostReadsIt) 
   }
 }
 
-TEST_F(SplineFailuresTest, WithoutItsNativeObject) {
-  Variable renderer = Unjoined("TOpenGL");
-  for (const Spline& spline : kSplines) {
-    CallRow(renderer, spline.row, spline.Arguments());
-    ExpectNoNative("TOpenGL");
-    EXPECT_EQ(TakeLog(), "");
-  }
-}
-
 }  // namespace
