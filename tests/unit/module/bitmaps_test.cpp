@@ -12,7 +12,6 @@
 namespace {
 
 using BitmapsTest = ModuleTest;
-using Bytes = std::vector<unsigned char>;
 using gl_trace::Enum;
 
 constexpr char kFirst[] = "glPolygonMode(GL_FRONT_AND_BACK, GL_FILL)\nglEnable(GL_TEXTURE_2D)\n";

@@ -9,7 +9,6 @@
 namespace {
 
 using ColorTest = ModuleTest;
-using Floats = std::vector<float>;
 
 TEST_F(ColorTest, DefaultIsOpaqueWhite) { EXPECT_EQ(ComponentsOf(New("OglColor(void)")), Floats({1, 1, 1, 1})); }
 

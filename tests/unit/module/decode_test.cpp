@@ -9,7 +9,6 @@
 namespace {
 
 using DecodeTest = ModuleTest;
-using Floats = std::vector<float>;
 
 Floats Values(Triples& triples) { return {triples.Values(), triples.Values() + std::ptrdiff_t{3} * triples.Count()}; }
 

@@ -47,9 +47,7 @@ TEST_F(FrameTest, FogIsAppliedAtOpeningWithTheFrustumsDepths) {
   Variable renderer = NewRenderer();
   Call(renderer, "EnableFog", true);
   Opening opening;
-  opening.fog =
-      Lines({"glEnable(GL_FOG)", "glFogi(GL_FOG_MODE, GL_LINEAR)", "glFogf(GL_FOG_DENSITY, 0.01)",
-             "glFogfv(GL_FOG_COLOR, {0.2, 0.2, 0.2, 1})", "glFogf(GL_FOG_START, -200)", "glFogf(GL_FOG_END, 200)"});
+  opening.fog = FogOn().Log();
   EXPECT_EQ(OpenAndTakeState(renderer), opening.Log());
 }
 

@@ -11,7 +11,6 @@
 namespace {
 
 using LightTest = ModuleTest;
-using Floats = std::vector<float>;
 using gl_trace::Enum;
 
 Floats Components(const OGLColor& color) { return {color.red, color.green, color.blue, color.alpha}; }

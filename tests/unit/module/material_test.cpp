@@ -10,7 +10,6 @@
 namespace {
 
 using MaterialTest = ModuleTest;
-using Floats = std::vector<float>;
 
 constexpr const char* kKinds[] = {"Ambient", "Diffuse", "Specular", "Emission"};
 

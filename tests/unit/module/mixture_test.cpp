@@ -9,8 +9,6 @@
 
 namespace {
 
-using Bytes = std::vector<unsigned char>;
-
 class MixtureTest : public ModuleTest {
  protected:
   static void SetFrame(int width, int height, const Bytes& frame) {

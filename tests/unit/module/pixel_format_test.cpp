@@ -10,7 +10,6 @@
 namespace {
 
 using PixelFormatTest = ModuleTest;
-using Bytes = std::vector<unsigned char>;
 
 // The 40 bytes of the descriptor, written out by offset.
 Bytes Descriptor(unsigned flags) {

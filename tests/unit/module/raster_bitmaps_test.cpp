@@ -11,7 +11,6 @@
 namespace {
 
 using RasterBitmapsTest = ModuleTest;
-using Bytes = std::vector<unsigned char>;
 
 const Bytes& LastImage() { return recorder::Get().calls.back().bytes; }
 

@@ -13,7 +13,6 @@
 namespace {
 
 using ReadBackTest = ModuleTest;
-using Bytes = std::vector<unsigned char>;
 
 // A frame of count bytes 1, 2, 3, ...
 Bytes Frame(int count) {

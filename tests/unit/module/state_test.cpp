@@ -6,22 +6,15 @@
 #include "classes/material.h"
 #include "render/light.h"
 #include "tests/unit/support/fixture.h"
+#include "tests/unit/support/opening.h"
 
 namespace {
 
 using StateTest = ModuleTest;
-using Floats = std::vector<float>;
 
 float Number(Variable value) { return value; }
 
 Variable HalfTransparent() { return NewColor(0.1F, 0.2F, 0.3F, 0.5F); }
-
-std::string Fog(const std::string& mode, const std::string& density, const std::string& color, const std::string& start,
-                const std::string& end) {
-  return Lines({"glEnable(GL_FOG)", "glFogi(GL_FOG_MODE, " + mode + ")", "glFogf(GL_FOG_DENSITY, " + density + ")",
-                "glFogfv(GL_FOG_COLOR, " + color + ")", "glFogf(GL_FOG_START, " + start + ")",
-                "glFogf(GL_FOG_END, " + end + ")"});
-}
 
 TEST_F(StateTest, DefaultsOfLightAndFog) {
   Variable renderer = NewRenderer();
@@ -114,11 +107,11 @@ TEST_F(StateTest, FogSettingsAreSentWhenFogIsSwitchedOn) {
   EXPECT_EQ(Number(Call(renderer, "GetFogDensity")), 0.5F);
   EXPECT_EQ(TakeLog(), "");
   Call(renderer, "EnableFog", true);
-  EXPECT_EQ(TakeLog(), Fog("GL_EXP2", "0.5", "{1, 2, 3, 1}", "-200", "200"));
+  EXPECT_EQ(TakeLog(), (FogOn{.mode = "GL_EXP2", .density = "0.5", .color = "{1, 2, 3, 1}"}.Log()));
   Call(renderer, "SetFogLinearMode");
   Call(renderer, "SetFogColor", HalfTransparent());
   Call(renderer, "EnableFog", true);
-  EXPECT_EQ(TakeLog(), Fog("GL_LINEAR", "0.5", "{0.1, 0.2, 0.3, 0.5}", "-200", "200"));
+  EXPECT_EQ(TakeLog(), (FogOn{.density = "0.5", .color = "{0.1, 0.2, 0.3, 0.5}"}.Log()));
 }
 
 TEST_F(StateTest, FogColorWithoutNativeChangesNothing) {
@@ -126,7 +119,7 @@ TEST_F(StateTest, FogColorWithoutNativeChangesNothing) {
   Call(renderer, "SetFogColor", Unjoined("OglColor"));
   ExpectNoNative("OglColor");
   Call(renderer, "EnableFog", true);
-  EXPECT_EQ(TakeLog(), Fog("GL_LINEAR", "0.01", "{0.2, 0.2, 0.2, 1}", "-200", "200"));
+  EXPECT_EQ(TakeLog(), FogOn().Log());
 }
 
 TEST_F(StateTest, FogRangeIsTheFrustumsAtTheMomentOfSwitching) {

@@ -1,9 +1,8 @@
 // The renderer's switches: what each stores, and what it tells OpenGL.
 #include <string>
-#include <string_view>
-#include <vector>
 
 #include "tests/unit/support/fixture.h"
+#include "tests/unit/support/opening.h"
 
 namespace {
 
@@ -13,45 +12,29 @@ struct Switch {
   const char* setter;
   const char* getter;
   bool initial;
-  std::vector<std::string_view> on;  // calls of an open renderer
-  std::vector<std::string_view> off;
+  std::string on;  // what it sends for an open renderer
+  std::string off;
 };
 
 const Switch kSwitches[] = {
-    {"EnableLight",
-     "IsLight",
-     false,
-     {"glLightModeli(GL_LIGHT_MODEL_LOCAL_VIEWER, 1)", "glEnable(GL_LIGHTING)", "glEnable(GL_LIGHT0)",
-      "glDisable(GL_COLOR_MATERIAL)", "glLightModeli(GL_LIGHT_MODEL_TWO_SIDE, 0)"},
-     {"glDisable(GL_LIGHTING)", "glEnable(GL_COLOR_MATERIAL)",
-      "glColorMaterial(GL_FRONT_AND_BACK, GL_AMBIENT_AND_DIFFUSE)"}},
-    {"EnableFog",
-     "IsFog",
-     false,
-     {"glEnable(GL_FOG)", "glFogi(GL_FOG_MODE, GL_LINEAR)", "glFogf(GL_FOG_DENSITY, 0.01)",
-      "glFogfv(GL_FOG_COLOR, {0.2, 0.2, 0.2, 1})", "glFogf(GL_FOG_START, -200)", "glFogf(GL_FOG_END, 200)"},
-     {"glDisable(GL_FOG)"}},
-    {"EnableBlend",
-     "IsBlend",
-     false,
-     {"glEnable(GL_BLEND)", "glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA)"},
-     {"glDisable(GL_BLEND)"}},
-    {"EnableSmooth", "IsSmooth", false, {"glShadeModel(GL_SMOOTH)"}, {"glShadeModel(GL_FLAT)"}},
-    {"EnableTwoSide", "IsTwoSide", false, {}, {}},
-    {"EnableSmoothLine", "IsSmoothLine", false, {}, {}},
-    {"EnableSmoothPoint", "IsSmoothPoint", false, {}, {}},
-    {"EnableWired", "IsWired", false, {}, {}},
-    {"SetOutlinePatch", "GetOutlinePatch", true, {}, {}},
+    {"EnableLight", "IsLight", false,
+     Lines({"glLightModeli(GL_LIGHT_MODEL_LOCAL_VIEWER, 1)", "glEnable(GL_LIGHTING)", "glEnable(GL_LIGHT0)",
+            "glDisable(GL_COLOR_MATERIAL)", "glLightModeli(GL_LIGHT_MODEL_TWO_SIDE, 0)"}),
+     Lines({"glDisable(GL_LIGHTING)", "glEnable(GL_COLOR_MATERIAL)",
+            "glColorMaterial(GL_FRONT_AND_BACK, GL_AMBIENT_AND_DIFFUSE)"})},
+    {"EnableFog", "IsFog", false, FogOn().Log(), Lines({"glDisable(GL_FOG)"})},
+    {"EnableBlend", "IsBlend", false,
+     Lines({"glEnable(GL_BLEND)", "glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA)"}),
+     Lines({"glDisable(GL_BLEND)"})},
+    {"EnableSmooth", "IsSmooth", false, Lines({"glShadeModel(GL_SMOOTH)"}), Lines({"glShadeModel(GL_FLAT)"})},
+    {"EnableTwoSide", "IsTwoSide", false, "", ""},
+    {"EnableSmoothLine", "IsSmoothLine", false, "", ""},
+    {"EnableSmoothPoint", "IsSmoothPoint", false, "", ""},
+    {"EnableWired", "IsWired", false, "", ""},
+    {"SetOutlinePatch", "GetOutlinePatch", true, "", ""},
 };
 
-class SwitchTest : public ModuleTest, public testing::WithParamInterface<Switch> {
- protected:
-  static std::string Log(const std::vector<std::string_view>& lines) {
-    std::string log;
-    for (const std::string_view line : lines) log.append(line) += '\n';
-    return log;
-  }
-};
+class SwitchTest : public ModuleTest, public testing::WithParamInterface<Switch> {};
 
 TEST_P(SwitchTest, StoresWhileClosed) {
   Variable renderer = NewRenderer();
@@ -66,13 +49,13 @@ TEST_P(SwitchTest, StoresWhileClosed) {
 TEST_P(SwitchTest, TellsOpenGLWhileOpen) {
   Variable renderer = OpenRenderer();
   Call(renderer, GetParam().setter, true);
-  EXPECT_EQ(TakeLog(), Log(GetParam().on));
+  EXPECT_EQ(TakeLog(), GetParam().on);
   Call(renderer, GetParam().setter, false);
-  EXPECT_EQ(TakeLog(), Log(GetParam().off));
+  EXPECT_EQ(TakeLog(), GetParam().off);
   Call(renderer, "FreeMDC");
   TakeLog();
   Call(renderer, GetParam().setter, true);
-  EXPECT_EQ(TakeLog(), Log(GetParam().on));
+  EXPECT_EQ(TakeLog(), GetParam().on);
 }
 
 TEST_P(SwitchTest, ChangesNoOtherSwitch) {

@@ -10,7 +10,6 @@
 namespace {
 
 using ViewTest = ModuleTest;
-using Floats = std::vector<float>;
 
 // The projection as sent for this frustum, given in glFrustum's order.
 std::string Projection(float left, float right, float bottom, float top, float zNear, float zFar) {

@@ -10,7 +10,6 @@
 
 namespace {
 
-using Bytes = std::vector<unsigned char>;
 using Table = std::array<unsigned char, 256>;
 
 constexpr float kUnit = 1.0F / 255.0F;

@@ -6,8 +6,6 @@
 
 #include "tests/unit/support/fixture.h"
 
-using Floats = std::vector<float>;
-
 // One call with the three numbers of a triple; the same as a vertex, a normal, a colour, and for all vertices.
 inline std::string Triple(const char* function, const Floats& values, int index) {
   const float* triple = values.data() + static_cast<std::ptrdiff_t>(3) * index;

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <string_view>
+#include <vector>
 
 #include "devhost/runtime/runtime.h"
 #include "tests/recorder/recorder.h"
@@ -15,6 +16,9 @@
 using recorder::Line;
 using recorder::Lines;
 using recorder::TakeLog;
+
+using Floats = std::vector<float>;
+using Bytes = std::vector<unsigned char>;
 
 // Code of a module error in a fixture.
 inline constexpr int kModuleErrorBase = 1000;

@@ -3,6 +3,23 @@
 
 #include <string>
 
+#include "tests/recorder/recorder.h"
+
+// What fog sends where it is on, as a new renderer has it.
+struct FogOn {
+  std::string mode = "GL_LINEAR";
+  std::string density = "0.01";
+  std::string color = "{0.2, 0.2, 0.2, 1}";
+  std::string start = "-200";
+  std::string end = "200";
+
+  std::string Log() const {
+    return recorder::Lines({"glEnable(GL_FOG)", "glFogi(GL_FOG_MODE, " + mode + ")",
+                            "glFogf(GL_FOG_DENSITY, " + density + ")", "glFogfv(GL_FOG_COLOR, " + color + ")",
+                            "glFogf(GL_FOG_START, " + start + ")", "glFogf(GL_FOG_END, " + end + ")"});
+  }
+};
+
 // The parts that settings change; the rest of the initial state is fixed.
 struct Opening {
   std::string viewport = "glViewport(0, 80, 400, 400)\n";
