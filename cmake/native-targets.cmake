@@ -28,8 +28,8 @@ list(REMOVE_ITEM test_sources ${support_sources})
 add_executable(unit_tests ${test_sources})
 # A failing test says where it is; the module's and the host's lines are in their own objects.
 target_compile_options(unit_tests PRIVATE -g0)
-target_link_libraries(unit_tests PRIVATE project_options ${tested_parts} GTest::gtest GTest::gtest_main)
-precompile_standard_headers(unit_tests <gtest/gtest.h>)
+target_link_libraries(unit_tests PRIVATE project_options ${tested_parts} GTest::gmock GTest::gtest_main)
+precompile_standard_headers(unit_tests <gmock/gmock.h>)
 set_source_files_properties(tests/unit/module/context_failures_test.cpp PROPERTIES
   COMPILE_DEFINITIONS TESTING_DOCUMENT="${PROJECT_SOURCE_DIR}/docs/testing.md")
 # tests/unit/support/function_trace.cpp stands between the module and the host's compiler of script functions.
@@ -58,8 +58,8 @@ target_sources(order_tests PRIVATE tests/unit/module/argument_order_test.cpp)
 foreach(name fake_bitmap fixture host_trace leftovers_listener row_arguments)
   target_sources(order_tests PRIVATE "tests/unit/support/${name}.cpp")
 endforeach()
-target_link_libraries(order_tests PRIVATE project_options ${tested_parts} GTest::gtest GTest::gtest_main)
-precompile_standard_headers(order_tests <gtest/gtest.h>)
+target_link_libraries(order_tests PRIVATE project_options ${tested_parts} GTest::gmock GTest::gtest_main)
+precompile_standard_headers(order_tests <gmock/gmock.h>)
 trace_host_calls(order_tests)
 watch_allocations(order_tests)
 

@@ -198,7 +198,7 @@ TEST_F(DevhostClassesTest, BrokenPngFilesAreNamed) {
   EXPECT_EQ(TakeError(), "23 " + path + " cannot be loaded: it is not a PNG file.");
   ASSERT_TRUE(devhost::WriteFile(path, "\x89PNG\r\n\x1a\nbroken"));
   Call(bitmap, "Load", {Text(path)});
-  EXPECT_NE(TakeError().find(path + " cannot be loaded: the PNG is broken or too large ("), std::string::npos);
+  EXPECT_THAT(TakeError(), HasSubstr(path + " cannot be loaded: the PNG is broken or too large ("));
   EXPECT_EQ(TextOf(Call(bitmap, "GetWidth")), "1");
   std::remove(path.c_str());
 }

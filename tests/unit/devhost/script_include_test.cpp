@@ -69,7 +69,7 @@ TEST(ScriptIncludeTest, MessagesNameTheFile) {
             "test.talq:2:13:");
   const std::string message = RunScript("include \"lib/shapes.talq\";\nArea([], 1);", {}, ReadTestFile);
   EXPECT_EQ(message.substr(0, 24), "lib/more/area.talq:3:12:") << message;
-  EXPECT_NE(message.find("in Area, called from test.talq:2\n"), message.npos) << message;
+  EXPECT_THAT(message, HasSubstr("in Area, called from test.talq:2\n"));
 }
 
 TEST(ScriptIncludeTest, Failures) {
@@ -79,7 +79,7 @@ TEST(ScriptIncludeTest, Failures) {
             "late.talq:1:1: 'param' must be the script's first statement\n  p");
   EXPECT_EQ(HeadlineOf("include \"x\";"), "1:9: files cannot be included here");
   EXPECT_EQ(HeadlineOf("include 3;"), "1:9: expected the file's name as a text after 'include', found '3'");
-  EXPECT_NE(RunScript("include \"chain0\";", {}, ReadTestFile).find("nested too deeply"), std::string::npos);
+  EXPECT_THAT(RunScript("include \"chain0\";", {}, ReadTestFile), HasSubstr("nested too deeply"));
 }
 
 }  // namespace

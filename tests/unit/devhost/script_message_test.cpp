@@ -60,12 +60,12 @@ TEST(ScriptMessageTest, ListsCallers) {
 
 TEST(ScriptMessageTest, FunctionValuesAreCallersToo) {
   const std::string message = RunScript("function F() {\n  Fail(1);\n}\nlist = [F];\nlist[0]();");
-  EXPECT_NE(message.find("  in a function value, called from test.talq:5\n"), message.npos) << message;
+  EXPECT_THAT(message, HasSubstr("  in a function value, called from test.talq:5\n"));
 }
 
 TEST(ScriptMessageTest, ArgumentsAreNoCallers) {
   const std::string message = RunScript("function F(x) { return x; }\nF(1 / 0);");
-  EXPECT_EQ(message.find("called from"), message.npos);
+  EXPECT_THAT(message, Not(HasSubstr("called from")));
 }
 
 TEST(ScriptMessageTest, SyntaxSaysWhatWasExpected) {
@@ -134,8 +134,8 @@ TEST(ScriptMessageTest, RuntimeErrorsHaveTheirPlace) {
 
 TEST(ScriptLimitTest, EndlessRecursionIsAnError) {
   const std::string message = RunScript("function F(n) {\n  return F(n + 1);\n}\nF(0);");
-  EXPECT_NE(message.find("error 26 TOO_DEEP: The calls are nested too deeply"), message.npos) << message;
-  EXPECT_NE(message.find("calls more\n"), message.npos) << message;
+  EXPECT_THAT(message, HasSubstr("error 26 TOO_DEEP: The calls are nested too deeply"));
+  EXPECT_THAT(message, HasSubstr("calls more\n"));
   EXPECT_EQ(RunScript("function F(n) { return F(n + 1); } try { F(0); } catch (c, t) { return c; }"), "26");
 }
 
@@ -151,14 +151,14 @@ TEST(ScriptLimitTest, NestingIsBounded) {
       {"", "if (1) "}, {"", "try {"},  {"", "while (1) {"}, {"", "for (;;) "}, {"", "if (1) ; else "}};
   for (const auto& [before, opening] : kCases) {
     const std::string message = RunScript(before + Repeat(opening, 100000));
-    EXPECT_NE(message.find("nested too deeply: more than 200 levels"), message.npos) << opening;
+    EXPECT_THAT(message, HasSubstr("nested too deeply: more than 200 levels")) << opening;
   }
 }
 
 TEST(ScriptLimitTest, ChainsAreBounded) {
   for (const char* link : {" + 1", "[0]", ".x", "->F()", " && 1", "()"}) {
     const std::string message = RunScript("a = b" + Repeat(link, 100000) + ";");
-    EXPECT_NE(message.find("the expression is too long: more than 200 operations deep"), message.npos) << link;
+    EXPECT_THAT(message, HasSubstr("the expression is too long: more than 200 operations deep")) << link;
   }
   EXPECT_EQ(ValueOf("1" + Repeat(" + 1", 190)), "191");
   EXPECT_EQ(ValueOf(Repeat("(", 190) + "7" + Repeat(")", 190)), "7");

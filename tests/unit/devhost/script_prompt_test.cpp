@@ -55,11 +55,11 @@ TEST_F(ScriptPromptTest, ShowsOnlyValuesThatStandByThemselves) {
   EXPECT_EQ(Shown("function F() { abs(-1); return 3; } F();\n"), "talq> 3\ntalq> \n");
   EXPECT_EQ(errors, "");
   Shown("if (1) 2;\n");
-  EXPECT_NE(errors.find("this value would not be used"), std::string::npos) << errors;
+  EXPECT_THAT(errors, HasSubstr("this value would not be used"));
   Shown("for (1; 0; ) ;\n");
-  EXPECT_NE(errors.find("this value would not be used"), std::string::npos) << errors;
+  EXPECT_THAT(errors, HasSubstr("this value would not be used"));
   Shown("function F() { 1; }\n");
-  EXPECT_NE(errors.find("this value would not be used"), std::string::npos) << errors;
+  EXPECT_THAT(errors, HasSubstr("this value would not be used"));
 }
 
 TEST_F(ScriptPromptTest, KeepsVariablesAndFunctions) {
@@ -74,7 +74,7 @@ TEST_F(ScriptPromptTest, TakesAFunctionAnew) {
             "talq> talq> talq> talq> 21\ntalq> \n");
   EXPECT_EQ(errors, "");
   Shown("function F() { } function F() { }\n");
-  EXPECT_NE(errors.find("the function 'F' is already defined"), std::string::npos) << errors;
+  EXPECT_THAT(errors, HasSubstr("the function 'F' is already defined"));
 }
 
 TEST_F(ScriptPromptTest, GoesOnWhileABracketIsOpen) {
@@ -105,7 +105,7 @@ TEST_F(ScriptPromptTest, GoesOnAfterAnError) {
 
 TEST_F(ScriptPromptTest, RefusedTextLeavesNothing) {
   EXPECT_EQ(Shown("Print(1); function F() { } y = ;\nF()\nz = 1; z\n"), "talq> talq> talq> 1\ntalq> \n");
-  EXPECT_NE(errors.find("There is no function \"F\""), std::string::npos) << errors;
+  EXPECT_THAT(errors, HasSubstr("There is no function \"F\""));
 }
 
 TEST_F(ScriptPromptTest, ErrorsInFunctionsOfEarlierLinesAreShownThere) {
@@ -122,7 +122,7 @@ TEST_F(ScriptPromptTest, IncludesFiles) {
     return path == "a.talq";
   };
   Shown("include \"a.talq\";\n", readFile);
-  EXPECT_NE(errors.find("a.talq:1:2: syntax error: expected an assignment or a call"), std::string::npos) << errors;
+  EXPECT_THAT(errors, HasSubstr("a.talq:1:2: syntax error: expected an assignment or a call"));
   const auto readOther = [](const std::string&, std::string& text) {
     text = "count += 1;";
     return true;
@@ -152,8 +152,8 @@ TEST_F(ScriptPromptTest, ReleasesObjectsInReverseOrder) {
 }
 
 TEST_F(ScriptPromptTest, ShowsHelp) {
-  EXPECT_NE(Shown("help\n").find("talq> A statement runs; "), std::string::npos);
-  EXPECT_NE(Shown("help TOpenGL::Clear\n").find("talq> TOpenGL::Clear\n\nClear()\n"), std::string::npos);
+  EXPECT_THAT(Shown("help\n"), HasSubstr("talq> A statement runs; "));
+  EXPECT_THAT(Shown("help TOpenGL::Clear\n"), HasSubstr("talq> TOpenGL::Clear\n\nClear()\n"));
   EXPECT_EQ(errors, "");
   EXPECT_EQ(Shown("help Spere\n"), "talq> talq> \n");
   EXPECT_EQ(errors, "the reference has no entry 'Spere'; did you mean Sphere?\n");

@@ -217,8 +217,8 @@ TEST_F(BatchRulesTest, WithoutMemoryForALitColorsComponentTheOthersAreSent) {
   CallRow(renderer, batch.row, vectors);
   EXPECT_TRUE(failure.Happened());
   const std::string log = TakeLog();
-  EXPECT_EQ(log.find("GL_FRONT, GL_AMBIENT"), std::string::npos) << log;
-  EXPECT_NE(log.find("GL_BACK, GL_AMBIENT"), std::string::npos) << log;
+  EXPECT_THAT(log, Not(HasSubstr("GL_FRONT, GL_AMBIENT")));
+  EXPECT_THAT(log, HasSubstr("GL_BACK, GL_AMBIENT"));
   EXPECT_EQ(CountVertices(log), 3);
 }
 

@@ -198,7 +198,7 @@ TEST_F(BindingTest, FlagsKeepTheIntegerThatTheyWereGiven) {
   renderer.GetLights().SetTwoSide(static_cast<Flag>(7));
   EXPECT_EQ(static_cast<int>(renderer.GetLights().GetTwoSide()), 7);
   renderer.GetLights().Enable();
-  EXPECT_NE(TakeLog().find("glLightModeli(GL_LIGHT_MODEL_TWO_SIDE, 7)"), std::string::npos);
+  EXPECT_THAT(TakeLog(), HasSubstr("glLightModeli(GL_LIGHT_MODEL_TWO_SIDE, 7)"));
 }
 
 TEST_F(BindingTest, NativeClassesKeepTheirLayout) {

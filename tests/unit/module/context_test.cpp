@@ -77,7 +77,7 @@ TEST_F(ContextTest, HandleHas64Bits) {
   Device().id = 0x123456789ALL;
   Variable renderer = NewRenderer();
   Call(renderer, "Open", Mdc());
-  EXPECT_NE(TakeLog().find("wglCreateContext(0x123456789a)"), std::string::npos);
+  EXPECT_THAT(TakeLog(), HasSubstr("wglCreateContext(0x123456789a)"));
 }
 
 TEST_F(ContextTest, DeviceWithoutHandleRaisesNoDcAndChangesNothing) {

@@ -30,7 +30,7 @@ TEST_F(FogTest, LinearModeComesBack) {
   fog.SetExpMode();
   fog.SetLinearMode();
   fog.Apply(0, 1);
-  EXPECT_NE(TakeLog().find("glFogi(GL_FOG_MODE, GL_LINEAR)"), std::string::npos);
+  EXPECT_THAT(TakeLog(), HasSubstr("glFogi(GL_FOG_MODE, GL_LINEAR)"));
 }
 
 }  // namespace

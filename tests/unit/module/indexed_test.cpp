@@ -71,8 +71,8 @@ TEST_F(IndexedTest, AMaterialIsFetchedBetweenItsRunAndTheOneBefore) {
     registers.Call(RowOf("TOpenGL", "TrianglesEx")->handler, result);
   }
   const std::string log = TakeLog();
-  EXPECT_NE(log.find("GL_FILL)\nGetAssID()\nglBegin(GL_TRIANGLES)\n"), std::string::npos) << log;
-  EXPECT_NE(log.find("glEnd()\nGetAssID()\nglBegin(GL_TRIANGLES)\n"), std::string::npos) << log;
+  EXPECT_THAT(log, HasSubstr("GL_FILL)\nGetAssID()\nglBegin(GL_TRIANGLES)\n"));
+  EXPECT_THAT(log, HasSubstr("glEnd()\nGetAssID()\nglBegin(GL_TRIANGLES)\n"));
 }
 
 // An index that is no number sets the script's error when the walk comes to it.

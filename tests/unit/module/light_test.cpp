@@ -83,9 +83,9 @@ TEST_F(LightTest, DirectionLeadsFromThePositionToTheOrigin) {
   lights.SetSpotCutoff(30);
   lights.Apply();
   const std::string log = TakeLog();
-  EXPECT_NE(log.find(LightLine(GL_POSITION, {3, 0, -4, 0.5F})), std::string::npos) << log;
-  EXPECT_NE(log.find("glLightf(GL_LIGHT0, GL_SPOT_CUTOFF, 30)"), std::string::npos) << log;
-  EXPECT_NE(log.find(LightLine(GL_SPOT_DIRECTION, {-3.0F / 5, -0.0F / 5, 4.0F / 5, 1})), std::string::npos) << log;
+  EXPECT_THAT(log, HasSubstr(LightLine(GL_POSITION, {3, 0, -4, 0.5F})));
+  EXPECT_THAT(log, HasSubstr("glLightf(GL_LIGHT0, GL_SPOT_CUTOFF, 30)"));
+  EXPECT_THAT(log, HasSubstr(LightLine(GL_SPOT_DIRECTION, {-3.0F / 5, -0.0F / 5, 4.0F / 5, 1})));
 }
 
 TEST_F(LightTest, LightAtTheOriginSendsTheDivisionByZero) {
@@ -93,7 +93,7 @@ TEST_F(LightTest, LightAtTheOriginSendsTheDivisionByZero) {
   lights.SetPosition(0, 0, 0, 1);
   lights.Apply();
   const std::string log = TakeLog();
-  EXPECT_NE(log.find("glLightfv(GL_LIGHT0, GL_SPOT_DIRECTION, {nan, nan, nan, 1})"), std::string::npos) << log;
+  EXPECT_THAT(log, HasSubstr("glLightfv(GL_LIGHT0, GL_SPOT_DIRECTION, {nan, nan, nan, 1})"));
 }
 
 TEST_F(LightTest, EnableSwitchesWithoutSendingTheLight) {

@@ -298,7 +298,7 @@ TEST_F(MaterialTest, MissingComponentIsNotAppliedNorCopied) {
   for (const Variable& each : std::vector{material, copy}) {
     NativeOf<OGLMaterial>(each)->Apply();
     const std::string log = TakeLog();
-    EXPECT_EQ(log.find("GL_FRONT, GL_DIFFUSE"), std::string::npos);
+    EXPECT_THAT(log, Not(HasSubstr("GL_FRONT, GL_DIFFUSE")));
     EXPECT_EQ(std::count(log.begin(), log.end(), '\n'), 9);
   }
 }
@@ -308,7 +308,7 @@ TEST_F(MaterialTest, AssignmentTakesOverThatAComponentIsMissing) {
   OGLMaterial target(0, 0, 0, 0);
   target = *NativeOf<OGLMaterial>(incomplete);
   target.Apply();
-  EXPECT_EQ(TakeLog().find("GL_FRONT, GL_DIFFUSE"), std::string::npos);
+  EXPECT_THAT(TakeLog(), Not(HasSubstr("GL_FRONT, GL_DIFFUSE")));
 }
 
 TEST_F(MaterialTest, AComponentCanBeMadeFromAColor) {

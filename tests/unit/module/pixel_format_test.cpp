@@ -69,15 +69,15 @@ TEST_F(PixelFormatTest, ChosenNumberIsSetUnchecked) {
   recorder::Get().answers.pixelFormat = 0;
   Variable renderer = NewRenderer();
   Call(renderer, "Open", NewObject("MDC"));
-  EXPECT_NE(TakeLog().find("SetPixelFormat(0x1000, 0,"), std::string::npos);
+  EXPECT_THAT(TakeLog(), HasSubstr("SetPixelFormat(0x1000, 0,"));
   ExpectModuleError(OGL_WRONG_DC, "The Device Context is not Valid System error #0");
   recorder::Get().answers.pixelFormat = 9;
   Call(renderer, "Open", NewObject("MDC"));
-  EXPECT_NE(TakeLog().find("SetPixelFormat(0x1000, 9,"), std::string::npos);
+  EXPECT_THAT(TakeLog(), HasSubstr("SetPixelFormat(0x1000, 9,"));
   // The window has its format, whatever is set.
   recorder::Get().answers.pixelFormat = 0;
   Call(renderer, "BindMDC", NewObject("MDC"));
-  EXPECT_NE(TakeLog().find("SetPixelFormat(0x1000, 0,"), std::string::npos);
+  EXPECT_THAT(TakeLog(), HasSubstr("SetPixelFormat(0x1000, 0,"));
   EXPECT_EQ(static_cast<int>(Call(renderer, "IsBind")), 1);
 }
 

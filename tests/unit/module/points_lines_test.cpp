@@ -104,7 +104,7 @@ TEST_F(PointsLinesTest, WiredLeavesThemAlone) {
   Call(renderer, "LineStrip", points);
   Call(renderer, "Lines", points);
   Call(renderer, "ColorLines", points, points);
-  EXPECT_EQ(TakeLog().find("glPolygonMode"), std::string::npos);
+  EXPECT_THAT(TakeLog(), Not(HasSubstr("glPolygonMode")));
 }
 
 }  // namespace

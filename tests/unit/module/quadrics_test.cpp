@@ -157,7 +157,7 @@ TEST_F(QuadricsTest, AnErrorThatIsPendingDoesNotKeepThemFromDrawing) {
   CallAll(renderer);
   const std::string log = TakeLog();
   for (const char* drawing : {"gluSphere(", "gluCylinder(", "gluDisk(", "gluPartialDisk("}) {
-    EXPECT_NE(log.find(drawing), std::string::npos) << drawing;
+    EXPECT_THAT(log, HasSubstr(drawing)) << drawing;
   }
   ExpectError(99, "before");
 }

@@ -84,9 +84,8 @@ TEST_F(SelectionTest, BeginTestsForNoContext) {
   Call(renderer, "BeginSelection", 10, 20, 2, 2);
   const std::string log = TakeLog();
   EXPECT_TRUE(log.starts_with("glSelectBuffer(512)\n")) << log;
-  EXPECT_NE(log.find("gluPickMatrix(9, -21, 2, 2, {0, 0, 0, 0})\nglFrustum(-200, 200, 200, -200, -200, 200)\n"),
-            std::string::npos)
-      << log;
+  EXPECT_THAT(log,
+              HasSubstr("gluPickMatrix(9, -21, 2, 2, {0, 0, 0, 0})\nglFrustum(-200, 200, 200, -200, -200, 200)\n"));
   EXPECT_EQ(Call(renderer, "EndSelection").GetDim(), 0);
   EXPECT_EQ(TakeLog(), Ending());
 }
@@ -210,7 +209,7 @@ TEST_F(SelectionTest, WithoutASelectionNothingIsAsked) {
   TakeLog();
   Call(renderer, "~TOpenGL");
   const std::string log = TakeLog();
-  EXPECT_EQ(log.find("glGetPointerv"), std::string::npos) << log;
+  EXPECT_THAT(log, Not(HasSubstr("glGetPointerv")));
 }
 
 TEST_F(SelectionTest, NoContextIsAskedForAndNoneIsMadeCurrent) {
@@ -224,7 +223,7 @@ TEST_F(SelectionTest, NoContextIsAskedForAndNoneIsMadeCurrent) {
   Call(renderer, "EndSelection");
   Call(renderer, "EndSelection");
   const std::string log = TakeLog();
-  EXPECT_EQ(log.find("wgl"), std::string::npos) << log;
+  EXPECT_THAT(log, Not(HasSubstr("wgl")));
   // What goes on in a context that is not current is the script's affair.
   Call(second, "BindMDC", NewObject("MDC"));
   EXPECT_TRUE(recorder::Get().CurrentSelection()->isOn);

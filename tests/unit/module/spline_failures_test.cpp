@@ -56,13 +56,14 @@ TEST_F(SplineFailuresTest, GluErrorsBecomeModuleErrorsWithTheirText) {
     SCOPED_TRACE(Name(spline));
     CallRow(renderer, spline.row, spline.Arguments());
     const std::string log = TakeLog();
-    EXPECT_NE(log.find("gluErrorString(" + std::to_string(GLU_NURBS_ERROR3) + ")"), std::string::npos) << log;
-    EXPECT_TRUE(log.ends_with(")\n") && log.find("gluDeleteNurbsRenderer") != std::string::npos) << log;
+    EXPECT_THAT(log, HasSubstr("gluErrorString(" + std::to_string(GLU_NURBS_ERROR3) + ")"));
+    EXPECT_TRUE(log.ends_with(")\n")) << log;
+    EXPECT_THAT(log, HasSubstr("gluDeleteNurbsRenderer"));
     const devhost::Error* error = devhost::PendingError();
     ASSERT_TRUE(error);
     EXPECT_EQ(error->code, kModuleErrorBase + 6);
     EXPECT_EQ(devhost::ErrorName(error->code), "OGL_NURBS_ERROR");
-    EXPECT_NE(error->text.find("GLU error " + std::to_string(GLU_NURBS_ERROR3)), std::string::npos) << error->text;
+    EXPECT_THAT(error->text, HasSubstr("GLU error " + std::to_string(GLU_NURBS_ERROR3)));
     // The normals and the points of a surface each report one.
     EXPECT_EQ(devhost::RaisedCount(), spline.arguments == 6 ? 2 : 1);
     devhost::ClearError();

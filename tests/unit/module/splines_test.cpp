@@ -181,7 +181,7 @@ TEST_F(SplinesTest, PatchOutlinesAreTheDefault) {
   Variable renderer = OpenRenderer();
   Call(renderer, "EnableWired", true);
   CallRow(renderer, kSurface, Surface().Arguments());
-  EXPECT_NE(TakeLog().find("GLU_OUTLINE_PATCH"), std::string::npos);
+  EXPECT_THAT(TakeLog(), HasSubstr("GLU_OUTLINE_PATCH"));
 }
 
 TEST_F(SplinesTest, SurfaceCountsThatDoNotFitRaise8) {

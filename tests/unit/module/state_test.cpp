@@ -54,7 +54,7 @@ TEST_P(LightColorTest, ReachesOpenGLWithTheNextPosition) {
   static const std::map<std::string, std::string> kParameters = {{"SetAmbientLightColor", "GL_AMBIENT"},
                                                                  {"SetDiffuseLightColor", "GL_DIFFUSE"},
                                                                  {"SetSpecularLightColor", "GL_SPECULAR"}};
-  EXPECT_NE(TakeLog().find("glLightfv(GL_LIGHT0, " + kParameters.at(setter) + ", {1, 2, 3, 1})\n"), std::string::npos);
+  EXPECT_THAT(TakeLog(), HasSubstr("glLightfv(GL_LIGHT0, " + kParameters.at(setter) + ", {1, 2, 3, 1})\n"));
 }
 
 TEST_P(LightColorTest, ColorWithoutNativeChangesNothing) {
@@ -89,7 +89,7 @@ TEST_F(StateTest, SpotIsSentWithTheNextPosition) {
   EXPECT_EQ(Number(Call(renderer, "GetSpot")), 30.0F);
   EXPECT_EQ(TakeLog(), "");
   Call(renderer, "SetLightPosition", 1.0F, 2.0F, 3.0F);
-  EXPECT_NE(TakeLog().find("glLightf(GL_LIGHT0, GL_SPOT_CUTOFF, 30)"), std::string::npos);
+  EXPECT_THAT(TakeLog(), HasSubstr("glLightf(GL_LIGHT0, GL_SPOT_CUTOFF, 30)"));
 }
 
 TEST_F(StateTest, TwoSideIsSentWhenLightIsSwitchedOn) {
@@ -128,7 +128,7 @@ TEST_F(StateTest, FogRangeIsTheFrustumsAtTheMomentOfSwitching) {
   Call(renderer, "EnableFog", true);
   EXPECT_TRUE(TakeLog().ends_with("glFogf(GL_FOG_START, 2)\nglFogf(GL_FOG_END, 50)\n"));
   Call(renderer, "SetClipping", -1.0F, 1.0F, -1.0F, 1.0F, 3.0F, 70.0F);
-  EXPECT_EQ(TakeLog().find("Fog"), std::string::npos);
+  EXPECT_THAT(TakeLog(), Not(HasSubstr("Fog")));
   Call(renderer, "EnableFog", true);
   EXPECT_TRUE(TakeLog().ends_with("glFogf(GL_FOG_START, 3)\nglFogf(GL_FOG_END, 70)\n"));
 }
@@ -200,7 +200,7 @@ TEST_F(StateTest, WhatIsNotStoredDoesNothingWhileClosed) {
   Call(renderer, "Open", NewObject("MDC"));
   const std::string log = TakeLog();
   for (const char* call : {"glPointSize", "glLineWidth", "glColor4f", "glMaterial"}) {
-    EXPECT_EQ(log.find(call), std::string::npos) << call;
+    EXPECT_THAT(log, Not(HasSubstr(call))) << call;
   }
 }
 

@@ -283,7 +283,7 @@ TEST_F(VolumeTest, ListNumberIsOpenGLs) {
   recorder::Get().answers.firstList = 77;
   const unsigned list = renderer.BuildVolumePoints(nullptr, 0, 0, 0, nullptr, nullptr, nullptr, nullptr, 1, 0, 0, 1, 0);
   EXPECT_EQ(list, 77U);
-  EXPECT_NE(TakeLog().find("glNewList(77, GL_COMPILE)"), std::string::npos);
+  EXPECT_THAT(TakeLog(), HasSubstr("glNewList(77, GL_COMPILE)"));
 }
 
 TEST_F(VolumeTest, ListsAreDrawnAtOnceAndDeleted) {

@@ -1,6 +1,7 @@
 // What the development host's tests share.
 #pragma once
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <string>
@@ -9,6 +10,8 @@
 #include "devhost/runtime/access.h"
 #include "devhost/runtime/runtime.h"
 #include "tests/unit/support/values.h"
+
+using testing::HasSubstr;
 
 // A test on the host's runtime; it fails when an error is raised that it did not take.
 class DevhostTest : public testing::Test {

@@ -68,7 +68,7 @@ void ExpectError(int code, std::string_view text) {
   const devhost::Error* error = devhost::PendingError();
   ASSERT_TRUE(error) << "no error raised; expected " << code;
   EXPECT_EQ(error->code, code) << error->text;
-  EXPECT_NE(error->text.find(text), std::string::npos) << error->text;
+  EXPECT_THAT(error->text, HasSubstr(text));
   EXPECT_EQ(devhost::RaisedCount(), 1);
   devhost::ClearError();
 }

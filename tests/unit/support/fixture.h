@@ -1,6 +1,7 @@
 // The module in the development host, on the recorder: what the unit tests run in.
 #pragma once
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <array>
@@ -16,6 +17,8 @@
 using recorder::Line;
 using recorder::Lines;
 using recorder::TakeLog;
+using testing::HasSubstr;
+using testing::Not;
 
 using Floats = std::vector<float>;
 using Bytes = std::vector<unsigned char>;

@@ -1,6 +1,7 @@
 // Runs scripts in tests.
 #pragma once
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <string>
@@ -11,6 +12,9 @@
 #include "devhost/script/path.h"
 #include "devhost/script/script.h"
 #include "devhost/script/trace.h"
+
+using testing::HasSubstr;
+using testing::Not;
 
 // What a script returns, as text; for one that fails, the whole message.
 inline std::string RunScript(std::string_view text, const std::vector<std::string>& arguments = {},
