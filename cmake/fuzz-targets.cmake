@@ -8,7 +8,7 @@ foreach(name random_calls world arguments invariants)
 endforeach()
 target_link_libraries(random_calls PRIVATE project_options ${tested_parts})
 precompile_standard_headers(random_calls)
-watch_allocations(random_calls)
+wrap_calls(random_calls support_part)
 
 foreach(name signature script obj png)
   add_executable(fuzz_${name} fuzz/${name}_target.cpp)

@@ -1,5 +1,5 @@
 // Watches the allocations of the module, which are by new (std::nothrow) and calloc, and makes one fail. The linker
-// leads calls here (cmake/watched-allocations.cmake).
+// leads calls here (cmake/wrapped-calls.cmake).
 #pragma once
 
 #include <cstddef>

@@ -5,7 +5,7 @@
 
 // While it lives, these are noted, one call a line: "argument 1: float()", "object: GetAssID()", "Init(1024, 4)".
 // Native objects are numbered as they are made: "TalqAss(0)", and at its end "~TalqAss(0)". What the host calls itself
-// is not noted. The linker leads the calls here (cmake/traced-host-calls.cmake).
+// is not noted. The linker leads the calls here (cmake/wrapped-calls.cmake).
 class HostTrace {
  public:
   // Registers of a call are named by their place: argument 1 and so on, then the object; the others are "register".
