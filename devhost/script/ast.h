@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "devhost/runtime/runtime.h"
@@ -12,31 +13,25 @@
 namespace devhost::script {
 
 struct Builtin;
-struct Expression;
-struct Statement;
-using ExpressionPtr = std::unique_ptr<Expression>;
-using StatementPtr = std::unique_ptr<Statement>;
 
+// What every expression has. Its kind says which of the types below it is.
 struct Expression {
-  // With what each kind keeps in `operands` and `text`.
   enum class Kind {
-    Number,      // (number)
-    Text,        // text: the bytes
-    True,        // -
-    False,       // -
-    Global,      // (slot) text: the name
-    Local,       // (slot) text: the name
-    Array,       // the elements
-    Index,       // container, index
-    Field,       // object; text: the name
-    Call,        // function, arguments...; text of a builtin: the source of the first argument
-    CallMethod,  // object, arguments...; text: the name
-    New,         // arguments...; text: the class
-    Negate,      // operand
-    Invert,      // operand
-    Not,         // operand
-    Compute,     // left, right (op)
-    ShiftLeft,   // left, right
+    Number,      // NumberExpression
+    Text,        // TextExpression
+    Global,      // NameExpression
+    Local,       // NameExpression
+    Array,       // ArrayExpression
+    Index,       // IndexExpression
+    Field,       // FieldExpression
+    Call,        // CallExpression
+    CallMethod,  // CallMethodExpression
+    New,         // NewExpression
+    Negate,      // UnaryExpression, as the next ones
+    Invert,
+    Not,
+    Compute,  // BinaryExpression, as all that follow
+    ShiftLeft,
     ShiftRight,
     Equal,
     NotEqual,
@@ -48,43 +43,169 @@ struct Expression {
     Or,
   };
 
-  Kind kind = Kind::Number;
-  Position at;
-  int height = 1;  // levels of the tree from here down
-  int slot = 0;
-  Operator op = Operator::Add;
-  const Builtin* builtin = nullptr;  // what a call means when no variable has the function's name
-  Variable number;
-  std::string text;
-  std::vector<ExpressionPtr> operands;
+  Expression(Kind nodeKind, Position position) : kind(nodeKind), at(position) {}
+  virtual ~Expression() = default;
 
   // Whether it names a variable; whether it can be assigned to.
   bool IsName() const { return kind == Kind::Global || kind == Kind::Local; }
   bool IsPlace() const { return IsName() || kind == Kind::Index || kind == Kind::Field; }
+
+  Kind kind;
+  Position at;
+  int height = 1;  // levels of the tree from here down
+};
+using ExpressionPtr = std::unique_ptr<Expression>;
+
+// A number, true or false.
+struct NumberExpression : Expression {
+  using Expression::Expression;
+  Variable number;
 };
 
+struct TextExpression : Expression {
+  using Expression::Expression;
+  std::string bytes;
+};
+
+// A variable; while a function is parsed, its names are taken for global ones.
+struct NameExpression : Expression {
+  using Expression::Expression;
+  std::string name;
+  int slot = 0;
+};
+
+struct ArrayExpression : Expression {
+  using Expression::Expression;
+  std::vector<ExpressionPtr> elements;
+};
+
+struct IndexExpression : Expression {
+  using Expression::Expression;
+  ExpressionPtr container;
+  ExpressionPtr index;
+};
+
+struct FieldExpression : Expression {
+  using Expression::Expression;
+  ExpressionPtr object;
+  std::string name;
+};
+
+struct CallExpression : Expression {
+  using Expression::Expression;
+  ExpressionPtr function;
+  std::vector<ExpressionPtr> arguments;
+  std::string_view firstArgument;    // as the source has it
+  const Builtin* builtin = nullptr;  // what the call means when no variable has the function's name
+};
+
+struct CallMethodExpression : Expression {
+  using Expression::Expression;
+  ExpressionPtr object;
+  std::string method;
+  std::vector<ExpressionPtr> arguments;
+};
+
+struct NewExpression : Expression {
+  using Expression::Expression;
+  std::string className;
+  std::vector<ExpressionPtr> arguments;
+};
+
+struct UnaryExpression : Expression {
+  using Expression::Expression;
+  ExpressionPtr operand;
+};
+
+struct BinaryExpression : Expression {
+  using Expression::Expression;
+  Operator op = Operator::Add;  // of the kind Compute
+  ExpressionPtr left;
+  ExpressionPtr right;
+};
+
+// What every statement has. Its kind says which of the types below it is.
 struct Statement {
-  // With what each kind keeps in `expressions` and in `statements`.
   enum class Kind {
-    Evaluate,  // expression;
-    Show,      // expression; at the prompt: its value is printed
-    Assign,    // place, value (op)
-    Block,     // ; the statements
-    If,        // condition; then, else or null
-    While,     // condition; body
-    For,       // condition or null; first or null, step or null, body
-    Return,    // value or null
-    Break,     // -
-    Continue,  // -
-    Try,       // the code's name, the text's name; body, handler
+    Evaluate,  // ExpressionStatement
+    Show,      // ExpressionStatement
+    Assign,    // AssignStatement
+    Block,     // BlockStatement
+    If,        // IfStatement
+    While,     // WhileStatement
+    For,       // ForStatement
+    Return,    // ReturnStatement
+    Try,       // TryStatement
+    Break,     // nothing more
+    Continue,  // nothing more
   };
 
-  Kind kind = Kind::Block;
+  Statement(Kind nodeKind, Position position) : kind(nodeKind), at(position) {}
+  virtual ~Statement() = default;
+
+  Kind kind;
   Position at;
+};
+using StatementPtr = std::unique_ptr<Statement>;
+
+// Evaluates for what that does, or, at the prompt, shows the value.
+struct ExpressionStatement : Statement {
+  using Statement::Statement;
+  ExpressionPtr expression;
+};
+
+struct AssignStatement : Statement {
+  using Statement::Statement;
+  ExpressionPtr place;
   std::optional<Operator> op;  // += -= *= /=; none for =
-  std::vector<ExpressionPtr> expressions;
+  ExpressionPtr value;
+};
+
+struct BlockStatement : Statement {
+  using Statement::Statement;
   std::vector<StatementPtr> statements;
 };
+
+struct IfStatement : Statement {
+  using Statement::Statement;
+  ExpressionPtr condition;
+  StatementPtr thenBranch;
+  StatementPtr elseBranch;  // may be null
+};
+
+struct WhileStatement : Statement {
+  using Statement::Statement;
+  ExpressionPtr condition;
+  StatementPtr body;
+};
+
+// Each part but the body may be null.
+struct ForStatement : Statement {
+  using Statement::Statement;
+  StatementPtr first;
+  ExpressionPtr condition;
+  StatementPtr step;
+  StatementPtr body;
+};
+
+struct ReturnStatement : Statement {
+  using Statement::Statement;
+  ExpressionPtr value;  // may be null
+};
+
+struct TryStatement : Statement {
+  using Statement::Statement;
+  StatementPtr body;
+  std::unique_ptr<NameExpression> code;  // what the error's number and text are assigned to
+  std::unique_ptr<NameExpression> text;
+  StatementPtr handler;
+};
+
+// A node as the type that its kind says.
+template <typename Node, typename Base>
+const Node& As(const Base& node) {
+  return static_cast<const Node&>(node);
+}
 
 // A function that the script defines.
 struct FunctionDefinition {

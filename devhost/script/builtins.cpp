@@ -20,7 +20,7 @@ bool Print(Variable&, std::span<Variable> args, const CallSite&) {
   }
   line += '\n';
   script::Print(line);
-  return PendingError() == nullptr;
+  return !PendingError();
 }
 
 bool Assert(Variable&, std::span<Variable> args, const CallSite& site) {
@@ -38,14 +38,14 @@ bool Fail(Variable&, std::span<Variable> args, const CallSite&) {
 
 bool RaiseCode(Variable&, std::span<Variable> args, const CallSite&) {
   const int code = static_cast<int>(args[0]);
-  if (PendingError() == nullptr) Raise(code, TextOf(args[1]));
+  if (!PendingError()) Raise(code, TextOf(args[1]));
   return false;
 }
 
 bool NameOfError(Variable& result, std::span<Variable> args, const CallSite&) {
   const int code = static_cast<int>(args[0]);
   AssignText(result, ErrorName(code));
-  return PendingError() == nullptr;
+  return !PendingError();
 }
 
 bool TypeOf(Variable& result, std::span<Variable> args, const CallSite&) {

@@ -106,7 +106,7 @@ bool ReadCommandLine(std::span<const std::string> arguments, CommandLine& comman
     commandLine.args = arguments.subspan(i + 1);
     return Fits(commandLine, message);
   }
-  if (LoneOption(commandLine.action) != nullptr) return Fits(commandLine, message);
+  if (LoneOption(commandLine.action)) return Fits(commandLine, message);
   message = "no script is given";
   return false;
 }

@@ -24,46 +24,47 @@ class Interpreter {
   // interpreter_statements.cpp
   Flow ExecuteStatement(const Statement& statement);
   Flow ExecuteAll(const std::vector<StatementPtr>& statements);
-  Flow ExecuteIf(const Statement& statement);
-  Flow ExecuteWhile(const Statement& statement);
-  Flow ExecuteFor(const Statement& statement);
-  Flow ExecuteTry(const Statement& statement);
-  Flow ExecuteReturn(const Statement& statement);
+  Flow ExecuteIf(const IfStatement& statement);
+  Flow ExecuteWhile(const WhileStatement& statement);
+  Flow ExecuteFor(const ForStatement& statement);
+  Flow ExecuteTry(const TryStatement& statement);
+  Flow ExecuteReturn(const ReturnStatement& statement);
   bool Test(const Expression& condition, bool& truth);
-  bool EvaluateForEffect(const Statement& statement);
-  bool Show(const Statement& statement);
+  bool EvaluateForEffect(const Expression& expression);
+  bool Show(const Expression& expression);
 
   // interpreter_expressions.cpp
   bool Evaluate(const Expression& expression, Variable& value);
   bool EvaluateKind(const Expression& expression, Variable& value);
-  bool EvaluateName(const Expression& name, Variable& value);
-  bool EvaluateArray(const Expression& expression, Variable& value);
-  bool EvaluateUnary(const Expression& expression, Variable& value);
-  bool EvaluateBinary(const Expression& expression, Variable& value);
-  bool EvaluateLogical(const Expression& expression, Variable& value);
-  Slot& SlotOf(const Expression& name);
+  bool EvaluateName(const NameExpression& name, Variable& value);
+  bool EvaluateArray(const ArrayExpression& expression, Variable& value);
+  bool EvaluateUnary(const UnaryExpression& expression, Variable& value);
+  bool EvaluateBinary(const BinaryExpression& expression, Variable& value);
+  bool EvaluateLogical(const BinaryExpression& expression, Variable& value);
+  Slot& SlotOf(const NameExpression& name);
 
   // interpreter_places.cpp
   struct Place;
   bool EvaluatePlace(const Expression& expression, Variable& value);
-  bool AssignValue(const Statement& statement);
-  bool AssignCombined(const Statement& statement, Operator op);
+  bool AssignValue(const AssignStatement& statement);
+  bool AssignCombined(const AssignStatement& statement, Operator op);
   bool CombineInPlace(Operator op, Variable& object, Variable& value, bool& done);
   bool Reach(const Expression& expression, Place& place);
   Variable* Find(const Expression& expression, Place& place);
   bool Store(const Expression& target, Place& place, Variable& value);
 
   // interpreter_calls.cpp
-  bool EvaluateCall(const Expression& call, Variable& value);
+  bool EvaluateCall(const CallExpression& call, Variable& value);
+  bool CallNamed(const CallExpression& call, const NameExpression& callee, Variable& value, std::span<Variable> args);
   bool CallValue(const Variable& function, Variable& value, std::span<Variable> args);
-  bool EvaluateMethodCall(const Expression& call, Variable& value);
-  bool EvaluateNew(const Expression& expression, Variable& value);
-  bool EvaluateOperands(const Expression& expression, std::size_t first, std::vector<Variable>& values);
+  bool EvaluateMethodCall(const CallMethodExpression& call, Variable& value);
+  bool EvaluateNew(const NewExpression& expression, Variable& value);
+  bool EvaluateArguments(const std::vector<ExpressionPtr>& arguments, std::vector<Variable>& values);
   bool FailedCall(const Expression& call, std::string_view name);
 
   // interpreter_names.cpp
-  bool FailUnknown(const Expression& name);
-  bool FailUnknownFunction(const Expression& name);
+  bool FailUnknown(const NameExpression& name);
+  bool FailUnknownFunction(const NameExpression& name);
   bool FailAt(const Expression& expression);
   std::vector<std::string> AssignedNames(bool functionsOnly) const;
 

@@ -12,55 +12,57 @@ bool Interpreter::FailedCall(const Expression& call, std::string_view name) {
   return false;
 }
 
-bool Interpreter::EvaluateOperands(const Expression& expression, std::size_t first, std::vector<Variable>& values) {
-  values.resize(expression.operands.size() - first);
+bool Interpreter::EvaluateArguments(const std::vector<ExpressionPtr>& arguments, std::vector<Variable>& values) {
+  values.resize(arguments.size());
   for (std::size_t i = 0; i < values.size(); ++i) {
-    if (!Evaluate(*expression.operands[first + i], values[i])) return false;
+    if (!Evaluate(*arguments[i], values[i])) return false;
   }
   return true;
 }
 
-// A variable's function goes before the language's and the host's functions of that name.
-bool Interpreter::EvaluateCall(const Expression& call, Variable& value) {
-  const Expression& callee = *call.operands[0];
+bool Interpreter::EvaluateCall(const CallExpression& call, Variable& value) {
   std::vector<Variable> args;
-  if (!EvaluateOperands(call, 1, args)) return false;
+  if (!EvaluateArguments(call.arguments, args)) return false;
+  if (call.function->IsName()) return CallNamed(call, As<NameExpression>(*call.function), value, args);
+  Variable function;
+  if (!Evaluate(*call.function, function)) return false;
+  return CallValue(function, value, args) || FailedCall(call, "a function value");
+}
+
+// A variable's function goes before the language's and the host's functions of that name.
+bool Interpreter::CallNamed(const CallExpression& call, const NameExpression& callee, Variable& value,
+                            std::span<Variable> args) {
   bool done = false;
-  if (!callee.IsName()) {
-    Variable function;
-    if (!Evaluate(callee, function)) return false;
-    done = CallValue(function, value, args);
-  } else if (SlotOf(callee).assigned) {
+  if (SlotOf(callee).assigned) {
     const Variable function(SlotOf(callee).value);
     done = CallValue(function, value, args);
-  } else if (call.builtin != nullptr) {
-    done = CallBuiltin(*call.builtin, value, args, {call.text, call.at.source->name});
-  } else if (HasFunction(callee.text)) {
-    done = CallFunction(value, callee.text, args);
+  } else if (call.builtin) {
+    done = CallBuiltin(*call.builtin, value, args, {call.firstArgument, call.at.source->name});
+  } else if (HasFunction(callee.name)) {
+    done = CallFunction(value, callee.name, args);
   } else {
     return FailUnknownFunction(callee);
   }
-  return done || FailedCall(call, callee.IsName() ? callee.text : "a function value");
+  return done || FailedCall(call, callee.name);
 }
 
 bool Interpreter::CallValue(const Variable& function, Variable& value, std::span<Variable> args) {
-  Function* callable = FunctionOf(function);
-  if (callable != nullptr) return callable->Call(value, args);
+  if (Function* callable = FunctionOf(function)) return callable->Call(value, args);
   Raise(kErrorConversion, "This is no function, but of the kind " + KindOf(function) + ".");
   return false;
 }
 
-bool Interpreter::EvaluateMethodCall(const Expression& call, Variable& value) {
+bool Interpreter::EvaluateMethodCall(const CallMethodExpression& call, Variable& value) {
   Variable object;
   std::vector<Variable> args;
-  if (!Evaluate(*call.operands[0], object) || !EvaluateOperands(call, 1, args)) return false;
-  return CallMethod(value, object, call.text, args) || FailedCall(call, call.text);
+  if (!Evaluate(*call.object, object) || !EvaluateArguments(call.arguments, args)) return false;
+  return CallMethod(value, object, call.method, args) || FailedCall(call, call.method);
 }
 
-bool Interpreter::EvaluateNew(const Expression& expression, Variable& value) {
+bool Interpreter::EvaluateNew(const NewExpression& expression, Variable& value) {
   std::vector<Variable> args;
-  if (!EvaluateOperands(expression, 0, args)) return false;
-  return Construct(value, expression.text, args) || FailedCall(expression, expression.text);
+  if (!EvaluateArguments(expression.arguments, args)) return false;
+  return Construct(value, expression.className, args) || FailedCall(expression, expression.className);
 }
 
 }  // namespace devhost::script

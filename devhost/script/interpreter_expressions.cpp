@@ -16,66 +16,63 @@ bool Interpreter::Evaluate(const Expression& expression, Variable& value) {
 bool Interpreter::EvaluateKind(const Expression& expression, Variable& value) {
   switch (expression.kind) {
     case Kind::Number:
-      Assign(value, expression.number);
+      Assign(value, As<NumberExpression>(expression).number);
       return true;
     case Kind::Text:
-      AssignText(value, expression.text);  // a new one each time: texts are shared, and can be written to
-      return true;
-    case Kind::True:
-    case Kind::False:
-      AssignBool(value, expression.kind == Kind::True);
+      // A new one each time: texts are shared, and can be written to.
+      AssignText(value, As<TextExpression>(expression).bytes);
       return true;
     case Kind::Global:
     case Kind::Local:
-      return EvaluateName(expression, value);
+      return EvaluateName(As<NameExpression>(expression), value);
     case Kind::Array:
-      return EvaluateArray(expression, value);
+      return EvaluateArray(As<ArrayExpression>(expression), value);
     case Kind::Index:
     case Kind::Field:
       return EvaluatePlace(expression, value);
     case Kind::Call:
-      return EvaluateCall(expression, value);
+      return EvaluateCall(As<CallExpression>(expression), value);
     case Kind::CallMethod:
-      return EvaluateMethodCall(expression, value);
+      return EvaluateMethodCall(As<CallMethodExpression>(expression), value);
     case Kind::New:
-      return EvaluateNew(expression, value);
+      return EvaluateNew(As<NewExpression>(expression), value);
     case Kind::Negate:
     case Kind::Invert:
     case Kind::Not:
-      return EvaluateUnary(expression, value);
+      return EvaluateUnary(As<UnaryExpression>(expression), value);
     case Kind::And:
     case Kind::Or:
-      return EvaluateLogical(expression, value);
+      return EvaluateLogical(As<BinaryExpression>(expression), value);
     default:
-      return EvaluateBinary(expression, value);
+      return EvaluateBinary(As<BinaryExpression>(expression), value);
   }
 }
 
-Slot& Interpreter::SlotOf(const Expression& name) {
+Slot& Interpreter::SlotOf(const NameExpression& name) {
   const Scope& scope = name.kind == Kind::Local ? locals : globals;
   return scope.slots[static_cast<std::size_t>(name.slot)];
 }
 
-bool Interpreter::EvaluateName(const Expression& name, Variable& value) {
+bool Interpreter::EvaluateName(const NameExpression& name, Variable& value) {
   const Slot& slot = SlotOf(name);
   if (!slot.assigned) return FailUnknown(name);
   Assign(value, slot.value);
   return true;
 }
 
-bool Interpreter::EvaluateArray(const Expression& expression, Variable& value) {
+bool Interpreter::EvaluateArray(const ArrayExpression& expression, Variable& value) {
   Variable array;
-  array.Init(TVAR_ARRAY, static_cast<int>(expression.operands.size()));
-  for (std::size_t i = 0; i < expression.operands.size(); ++i) {
-    if (!Evaluate(*expression.operands[i], array[static_cast<int>(i)])) return false;
+  array.Init(TVAR_ARRAY, static_cast<int>(expression.elements.size()));
+  for (std::size_t i = 0; i < expression.elements.size(); ++i) {
+    if (!Evaluate(*expression.elements[i], array[static_cast<int>(i)])) return false;
   }
   Assign(value, array);
   return true;
 }
 
-bool Interpreter::EvaluateUnary(const Expression& expression, Variable& value) {
+bool Interpreter::EvaluateUnary(const UnaryExpression& expression, Variable& value) {
   Variable operand;
-  if (!Evaluate(*expression.operands[0], operand)) return false;
+  if (!Evaluate(*expression.operand, operand)) return false;
   if (expression.kind == Kind::Not) {
     AssignBool(value, !IsTrue(operand));
     return true;
@@ -84,19 +81,19 @@ bool Interpreter::EvaluateUnary(const Expression& expression, Variable& value) {
   return done || FailAt(expression);
 }
 
-bool Interpreter::EvaluateLogical(const Expression& expression, Variable& value) {
+bool Interpreter::EvaluateLogical(const BinaryExpression& expression, Variable& value) {
   Variable operand;
-  if (!Evaluate(*expression.operands[0], operand)) return false;
+  if (!Evaluate(*expression.left, operand)) return false;
   const bool isDecided = IsTrue(operand) == (expression.kind == Kind::Or);
-  if (!isDecided && !Evaluate(*expression.operands[1], operand)) return false;
+  if (!isDecided && !Evaluate(*expression.right, operand)) return false;
   AssignBool(value, IsTrue(operand));
   return true;
 }
 
-bool Interpreter::EvaluateBinary(const Expression& expression, Variable& value) {
+bool Interpreter::EvaluateBinary(const BinaryExpression& expression, Variable& value) {
   Variable left;
   Variable right;
-  if (!Evaluate(*expression.operands[0], left) || !Evaluate(*expression.operands[1], right)) return false;
+  if (!Evaluate(*expression.left, left) || !Evaluate(*expression.right, right)) return false;
   bool done = true;
   switch (expression.kind) {
     case Kind::Compute:

@@ -18,27 +18,27 @@ std::vector<std::string> Interpreter::AssignedNames(bool functionsOnly) const {
   for (const Scope& scope : {locals, globals}) {
     for (std::size_t i = 0; i < scope.slots.size(); ++i) {
       const Slot& slot = scope.slots[i];
-      if (slot.assigned && (!functionsOnly || FunctionOf(slot.value) != nullptr)) names.push_back(scope.names[i]);
+      if (slot.assigned && (!functionsOnly || FunctionOf(slot.value))) names.push_back(scope.names[i]);
     }
   }
   return names;
 }
 
-bool Interpreter::FailUnknown(const Expression& name) {
+bool Interpreter::FailUnknown(const NameExpression& name) {
   const char* reason = name.kind == Expression::Kind::Local
                            ? " has no value yet: this function assigns it, which makes it local."
                            : " is unknown: nothing has been assigned to it.";
-  Raise(kErrorName, "The variable '" + name.text + "'" + reason, DidYouMean(name.text, AssignedNames(false)));
+  Raise(kErrorName, "The variable '" + name.name + "'" + reason, DidYouMean(name.name, AssignedNames(false)));
   return FailAt(name);
 }
 
-bool Interpreter::FailUnknownFunction(const Expression& name) {
+bool Interpreter::FailUnknownFunction(const NameExpression& name) {
   std::vector<std::string> names = AssignedNames(true);
   for (const std::vector<std::string>& known : {BuiltinNames(), MethodNames("")}) {
     names.insert(names.end(), known.begin(), known.end());
   }
-  std::string hint = HasClass(name.text) ? "it is a class: new " + name.text + "(...)" : DidYouMean(name.text, names);
-  Raise(kErrorName, "There is no function \"" + name.text + "\".", std::move(hint));
+  std::string hint = HasClass(name.name) ? "it is a class: new " + name.name + "(...)" : DidYouMean(name.name, names);
+  Raise(kErrorName, "There is no function \"" + name.name + "\".", std::move(hint));
   return FailAt(name);
 }
 

@@ -12,9 +12,9 @@ using Kind = Expression::Kind;
 
 // Bytes are no variables of their own, so an element of a text is written in the text.
 bool StoreByte(Variable& text, Variable& index, Variable& value) {
-  if (Element(text, index) == nullptr) return false;
+  if (!Element(text, index)) return false;
   const int byte = static_cast<int>(value);
-  if (PendingError() != nullptr) return false;
+  if (PendingError()) return false;
   if (byte < 0 || byte > 255) {
     Raise(kErrorConversion, "An element of a text is a byte: it lies between 0 and 255.");
     return false;
@@ -46,30 +46,32 @@ struct Interpreter::Place {
 };
 
 bool Interpreter::Reach(const Expression& expression, Place& place) {
-  if (expression.IsName()) return true;
-  if (!Evaluate(*expression.operands[0], place.container)) return false;
-  return expression.kind == Kind::Field || Evaluate(*expression.operands[1], place.index);
+  if (expression.kind == Kind::Field) return Evaluate(*As<FieldExpression>(expression).object, place.container);
+  if (expression.kind != Kind::Index) return true;
+  const auto& element = As<IndexExpression>(expression);
+  return Evaluate(*element.container, place.container) && Evaluate(*element.index, place.index);
 }
 
 // The variable in the place, to be used at once; null with an error raised.
 Variable* Interpreter::Find(const Expression& expression, Place& place) {
   Variable* found = nullptr;
   if (expression.IsName()) {
-    Slot& slot = SlotOf(expression);
+    const auto& name = As<NameExpression>(expression);
+    Slot& slot = SlotOf(name);
     if (slot.assigned) return &slot.value;
-    FailUnknown(expression);
+    FailUnknown(name);
   } else if (expression.kind == Kind::Field) {
-    found = Field(place.container, expression.text);
+    found = Field(place.container, As<FieldExpression>(expression).name);
   } else {
     found = Element(place.container, place.index);
   }
-  if (found == nullptr) FailAt(expression);
+  if (!found) FailAt(expression);
   return found;
 }
 
 bool Interpreter::Store(const Expression& target, Place& place, Variable& value) {
   if (target.IsName()) {
-    Slot& slot = SlotOf(target);
+    Slot& slot = SlotOf(As<NameExpression>(target));
     slot.assigned = true;
     Assign(slot.value, value);
     return true;
@@ -77,11 +79,11 @@ bool Interpreter::Store(const Expression& target, Place& place, Variable& value)
   if (target.kind == Kind::Index && place.container.type == TVAR_BYTES) {
     return StoreByte(place.container, place.index, value) || FailAt(target);
   }
-  if (target.kind == Kind::Field && StoreThroughMethods(place.container, target.text, value)) {
-    return PendingError() == nullptr || FailAt(target);
+  if (target.kind == Kind::Field && StoreThroughMethods(place.container, As<FieldExpression>(target).name, value)) {
+    return !PendingError() || FailAt(target);
   }
   Variable* found = Find(target, place);
-  if (found == nullptr) return false;
+  if (!found) return false;
   Assign(*found, value);
   return true;
 }
@@ -90,26 +92,26 @@ bool Interpreter::EvaluatePlace(const Expression& expression, Variable& value) {
   Place place;
   if (!Reach(expression, place)) return false;
   const Variable* found = Find(expression, place);
-  if (found == nullptr) return false;
+  if (!found) return false;
   Assign(value, *found);
   return true;
 }
 
-bool Interpreter::AssignValue(const Statement& statement) {
-  const Expression& target = *statement.expressions[0];
+bool Interpreter::AssignValue(const AssignStatement& statement) {
+  const Expression& target = *statement.place;
   Variable value;
   Place place;
-  return Evaluate(*statement.expressions[1], value) && Reach(target, place) && Store(target, place, value);
+  return Evaluate(*statement.value, value) && Reach(target, place) && Store(target, place, value);
 }
 
 // += and its like: the method of that name where the left side's class has one, the operator otherwise.
-bool Interpreter::AssignCombined(const Statement& statement, Operator op) {
-  const Expression& target = *statement.expressions[0];
+bool Interpreter::AssignCombined(const AssignStatement& statement, Operator op) {
+  const Expression& target = *statement.place;
   Variable value;
   Place place;
-  if (!Evaluate(*statement.expressions[1], value) || !Reach(target, place)) return false;
+  if (!Evaluate(*statement.value, value) || !Reach(target, place)) return false;
   const Variable* found = Find(target, place);
-  if (found == nullptr) return false;
+  if (!found) return false;
   Variable old(*found);
   bool done = false;
   if (old.type == kObjectType && !CombineInPlace(op, old, value, done)) return FailAt(target);

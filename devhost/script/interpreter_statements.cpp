@@ -17,7 +17,7 @@ Flow Interpreter::Execute(const Statement& statement) {
   const Depth depth;
   const Flow flow = depth.IsExceeded() ? Flow::Failed : ExecuteStatement(statement);
   // An object that the statement released may have raised an error at its end.
-  if (PendingError() == nullptr) return flow;
+  if (!PendingError()) return flow;
   CurrentTrace().Locate(statement.at);
   return Flow::Failed;
 }
@@ -25,29 +25,30 @@ Flow Interpreter::Execute(const Statement& statement) {
 Flow Interpreter::ExecuteStatement(const Statement& statement) {
   switch (statement.kind) {
     case Kind::Evaluate:
-      return EvaluateForEffect(statement) ? Flow::Next : Flow::Failed;
+      return EvaluateForEffect(*As<ExpressionStatement>(statement).expression) ? Flow::Next : Flow::Failed;
     case Kind::Show:
-      return Show(statement) ? Flow::Next : Flow::Failed;
+      return Show(*As<ExpressionStatement>(statement).expression) ? Flow::Next : Flow::Failed;
     case Kind::Assign: {
-      const bool done = statement.op ? AssignCombined(statement, *statement.op) : AssignValue(statement);
+      const auto& assignment = As<AssignStatement>(statement);
+      const bool done = assignment.op ? AssignCombined(assignment, *assignment.op) : AssignValue(assignment);
       return done ? Flow::Next : Flow::Failed;
     }
     case Kind::Block:
-      return ExecuteAll(statement.statements);
+      return ExecuteAll(As<BlockStatement>(statement).statements);
     case Kind::If:
-      return ExecuteIf(statement);
+      return ExecuteIf(As<IfStatement>(statement));
     case Kind::While:
-      return ExecuteWhile(statement);
+      return ExecuteWhile(As<WhileStatement>(statement));
     case Kind::For:
-      return ExecuteFor(statement);
+      return ExecuteFor(As<ForStatement>(statement));
     case Kind::Return:
-      return ExecuteReturn(statement);
+      return ExecuteReturn(As<ReturnStatement>(statement));
+    case Kind::Try:
+      return ExecuteTry(As<TryStatement>(statement));
     case Kind::Break:
       return Flow::Break;
     case Kind::Continue:
       return Flow::Continue;
-    case Kind::Try:
-      return ExecuteTry(statement);
   }
   return Flow::Next;
 }
@@ -67,71 +68,67 @@ bool Interpreter::Test(const Expression& condition, bool& truth) {
   return true;
 }
 
-Flow Interpreter::ExecuteIf(const Statement& statement) {
+Flow Interpreter::ExecuteIf(const IfStatement& statement) {
   bool truth = false;
-  if (!Test(*statement.expressions[0], truth)) return Flow::Failed;
-  const StatementPtr& branch = statement.statements[truth ? 0 : 1];
-  return branch != nullptr ? Execute(*branch) : Flow::Next;
+  if (!Test(*statement.condition, truth)) return Flow::Failed;
+  const StatementPtr& branch = truth ? statement.thenBranch : statement.elseBranch;
+  return branch ? Execute(*branch) : Flow::Next;
 }
 
-Flow Interpreter::ExecuteWhile(const Statement& statement) {
+Flow Interpreter::ExecuteWhile(const WhileStatement& statement) {
   for (;;) {
     bool truth = false;
-    if (!Test(*statement.expressions[0], truth)) return Flow::Failed;
+    if (!Test(*statement.condition, truth)) return Flow::Failed;
     if (!truth) return Flow::Next;
-    const Flow flow = Execute(*statement.statements[0]);
+    const Flow flow = Execute(*statement.body);
     if (flow == Flow::Break) return Flow::Next;
     if (flow == Flow::Return || flow == Flow::Failed) return flow;
   }
 }
 
-Flow Interpreter::ExecuteFor(const Statement& statement) {
-  const ExpressionPtr& condition = statement.expressions[0];
-  const StatementPtr& first = statement.statements[0];
-  const StatementPtr& step = statement.statements[1];
-  if (first != nullptr && Execute(*first) == Flow::Failed) return Flow::Failed;
+Flow Interpreter::ExecuteFor(const ForStatement& statement) {
+  if (statement.first && Execute(*statement.first) == Flow::Failed) return Flow::Failed;
   for (;;) {
     bool truth = true;
-    if (condition != nullptr && !Test(*condition, truth)) return Flow::Failed;
+    if (statement.condition && !Test(*statement.condition, truth)) return Flow::Failed;
     if (!truth) return Flow::Next;
-    const Flow flow = Execute(*statement.statements[2]);
+    const Flow flow = Execute(*statement.body);
     if (flow == Flow::Break) return Flow::Next;
     if (flow == Flow::Return || flow == Flow::Failed) return flow;
-    if (step != nullptr && Execute(*step) == Flow::Failed) return Flow::Failed;
+    if (statement.step && Execute(*statement.step) == Flow::Failed) return Flow::Failed;
   }
 }
 
-Flow Interpreter::ExecuteTry(const Statement& statement) {
-  const Flow flow = Execute(*statement.statements[0]);
+Flow Interpreter::ExecuteTry(const TryStatement& statement) {
+  const Flow flow = Execute(*statement.body);
   if (flow != Flow::Failed) return flow;
   const Error error = *PendingError();
   ClearError();
   CurrentTrace().Clear();
-  Slot& code = SlotOf(*statement.expressions[0]);
-  Slot& text = SlotOf(*statement.expressions[1]);
+  Slot& code = SlotOf(*statement.code);
+  Slot& text = SlotOf(*statement.text);
   code.value = error.code;
   AssignText(text.value, error.text);
   code.assigned = text.assigned = true;
-  return Execute(*statement.statements[1]);
+  return Execute(*statement.handler);
 }
 
-Flow Interpreter::ExecuteReturn(const Statement& statement) {
-  const ExpressionPtr& expression = statement.expressions[0];
+Flow Interpreter::ExecuteReturn(const ReturnStatement& statement) {
   Variable value;
-  if (expression != nullptr && !Evaluate(*expression, value)) return Flow::Failed;
+  if (statement.value && !Evaluate(*statement.value, value)) return Flow::Failed;
   Assign(result, value);
   return Flow::Return;
 }
 
-bool Interpreter::EvaluateForEffect(const Statement& statement) {
+bool Interpreter::EvaluateForEffect(const Expression& expression) {
   Variable unused;
-  return Evaluate(*statement.expressions[0], unused);
+  return Evaluate(expression, unused);
 }
 
 // Prints the value as a line, unless it is nothing.
-bool Interpreter::Show(const Statement& statement) {
+bool Interpreter::Show(const Expression& expression) {
   Variable value;
-  if (!Evaluate(*statement.expressions[0], value)) return false;
+  if (!Evaluate(expression, value)) return false;
   if (value.type == kEmptyType) return true;
   Print(TextOf(value) + "\n");
   return true;

@@ -19,7 +19,7 @@ std::string_view ClassOf(std::string_view signature) {
 
 std::string DescribeModule(const Module& module) {
   std::vector<std::string_view> classes;
-  for (const MethodEntry* row = module.methods; row->signature != nullptr; ++row) {
+  for (const MethodEntry* row = module.methods; row->signature; ++row) {
     const std::string_view name = ClassOf(row->signature);
     if (std::find(classes.begin(), classes.end(), name) == classes.end()) classes.push_back(name);
   }
@@ -27,12 +27,12 @@ std::string DescribeModule(const Module& module) {
   std::string text = module.version + "\n";
   for (const std::string_view name : classes) {
     text.append("\n").append(name.empty() ? "functions" : name).append("\n");
-    for (const MethodEntry* row = module.methods; row->signature != nullptr; ++row) {
+    for (const MethodEntry* row = module.methods; row->signature; ++row) {
       if (ClassOf(row->signature) == name) text.append("  ").append(row->signature).append("\n");
     }
   }
   text += "\nerrors\n";
-  for (const ErrorEntry* row = module.errors; row->message != nullptr; ++row) {
+  for (const ErrorEntry* row = module.errors; row->message; ++row) {
     text += "  " + Decimal(module.errorBase + row->code) + " " + row->name + ": " + row->message + "\n";
   }
   return text;

@@ -112,15 +112,15 @@ int Parser::GlobalSlot(const std::string& name) {
 
 // The name is assigned here: inside a function that makes it local.
 void Parser::Declare(const std::string& name) {
-  if (function != nullptr) function->locals.emplace(name, static_cast<int>(function->locals.size()));
+  if (function) function->locals.emplace(name, static_cast<int>(function->locals.size()));
 }
 
 void Parser::ResolveNames(const FunctionScope& scope) {
-  for (Expression* name : scope.names) {
-    const auto local = scope.locals.find(name->text);
+  for (NameExpression* name : scope.names) {
+    const auto local = scope.locals.find(name->name);
     const bool isLocal = local != scope.locals.end();
     name->kind = isLocal ? Expression::Kind::Local : Expression::Kind::Global;
-    name->slot = isLocal ? local->second : GlobalSlot(name->text);
+    name->slot = isLocal ? local->second : GlobalSlot(name->name);
   }
 }
 

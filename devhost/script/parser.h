@@ -41,7 +41,7 @@ class Parser {
   // resolved at the function's end.
   struct FunctionScope {
     std::map<std::string, int, std::less<>> locals;
-    std::vector<Expression*> names;
+    std::vector<NameExpression*> names;
   };
   // One level deeper while it lives.
   class Nesting {
@@ -76,7 +76,6 @@ class Parser {
   bool ParseNameList(TokenKind end, std::vector<std::string>& names);
 
   // parser_statements.cpp
-  StatementPtr NewStatement(Statement::Kind kind);
   StatementPtr ParseStatement();
   StatementPtr ParseStatementOfKind();
   StatementPtr ParseBlock();
@@ -85,16 +84,18 @@ class Parser {
   StatementPtr ParseFor();
   StatementPtr ParseLoopBody();
   StatementPtr ParseTry();
+  StatementPtr ParseBlockBehind(std::string_view what);
   StatementPtr ParseReturn();
   StatementPtr ParseLoopExit(Statement::Kind kind);
   StatementPtr ParseSimple(bool showsValue = false);
+  StatementPtr ParseAssignment(ExpressionPtr place, Position at);
   bool StandsAtPrompt() const;
-  bool ParseCondition(Statement& statement);
+  ExpressionPtr ParseCondition();
+  std::unique_ptr<NameExpression> ParseCaughtName(std::string_view what);
 
   // parser_expressions.cpp
-  ExpressionPtr NewExpression(Expression::Kind kind, std::size_t offset);
-  ExpressionPtr NewName(std::string name, std::size_t offset);
-  bool AddOperand(Expression& parent, ExpressionPtr operand);
+  std::unique_ptr<NameExpression> NewName(std::string name, Position at);
+  bool Attach(Expression& parent, ExpressionPtr& place, ExpressionPtr operand);
   ExpressionPtr ParseExpression();
   ExpressionPtr ParseBinary(int lowestRank);
   ExpressionPtr ParseUnary();
@@ -102,10 +103,14 @@ class Parser {
   ExpressionPtr ParseCall(ExpressionPtr callee);
   ExpressionPtr ParseIndex(ExpressionPtr container);
   ExpressionPtr ParseMember(ExpressionPtr object);
+  bool ParseArguments(Expression& call, std::vector<ExpressionPtr>& arguments, std::string_view* first = nullptr);
   ExpressionPtr ParsePrimary();
-  ExpressionPtr ParseLiteral();
+  ExpressionPtr ParseArray();
+  ExpressionPtr ParseText();
+  ExpressionPtr ParseNumber();
   ExpressionPtr ParseNew();
-  bool ParseOperands(Expression& parent, TokenKind end, std::string_view where);
+  bool ParseOperands(Expression& parent, std::vector<ExpressionPtr>& operands, TokenKind end, std::string_view where,
+                     std::string_view* first = nullptr);
 
   Compilation& compilation;
   const Source& source;

@@ -20,7 +20,7 @@ bool Parser::ParseTopLevel() {
   if (token.kind == TokenKind::Include) return ParseInclude();
   if (token.kind == TokenKind::Function) return ParseFunction();
   StatementPtr statement = ParseStatement();
-  if (statement == nullptr) return false;
+  if (!statement) return false;
   compilation.program.statements.push_back(std::move(statement));
   return true;
 }
@@ -56,7 +56,7 @@ bool Parser::ParseInclude() {
   std::string path = ResolvePath(source.name, token.text);
   Advance();
   if (!EndStatement()) return false;
-  if (compilation.readFile == nullptr) return Fail(offset, "files cannot be included here");
+  if (!compilation.readFile) return Fail(offset, "files cannot be included here");
   if (std::find(compilation.files.begin(), compilation.files.end(), path) != compilation.files.end()) return true;
 
   std::string text;
@@ -92,7 +92,7 @@ bool Parser::ParseFunction() {
   if (token.kind != TokenKind::LeftBrace) return FailExpected("'{' before the function's statements");
   definition->body = ParseBlock();
   function = nullptr;
-  if (definition->body == nullptr) return false;
+  if (!definition->body) return false;
   ResolveNames(scope);
   definition->locals.resize(scope.locals.size());
   for (const auto& [name, slot] : scope.locals) definition->locals[static_cast<std::size_t>(slot)] = name;

@@ -47,30 +47,23 @@ const BinaryOperator* FindBinaryOperator(TokenKind token) {
 
 }  // namespace
 
-ExpressionPtr Parser::NewExpression(Kind kind, std::size_t offset) {
-  auto expression = std::make_unique<Expression>();
-  expression->kind = kind;
-  expression->at = {&source, offset};
-  return expression;
-}
-
-ExpressionPtr Parser::NewName(std::string name, std::size_t offset) {
-  ExpressionPtr expression = NewExpression(Kind::Global, offset);
-  expression->text = std::move(name);
-  if (function != nullptr) {
+std::unique_ptr<NameExpression> Parser::NewName(std::string name, Position at) {
+  auto expression = std::make_unique<NameExpression>(Kind::Global, at);
+  expression->name = std::move(name);
+  if (function) {
     function->names.push_back(expression.get());
   } else {
-    expression->slot = GlobalSlot(expression->text);
+    expression->slot = GlobalSlot(expression->name);
   }
   return expression;
 }
 
-// False for a null operand, and when the tree grows too high: chains such as 1 + 1 + 1 + ... deepen it without
-// nesting in the text.
-bool Parser::AddOperand(Expression& parent, ExpressionPtr operand) {
-  if (operand == nullptr) return false;
+// Puts the operand into its place in the parent. False for a null operand, and when the tree grows too high: chains
+// such as 1 + 1 + 1 + ... deepen it without nesting in the text.
+bool Parser::Attach(Expression& parent, ExpressionPtr& place, ExpressionPtr operand) {
+  if (!operand) return false;
   parent.height = std::max(parent.height, operand->height + 1);
-  parent.operands.push_back(std::move(operand));
+  place = std::move(operand);
   if (parent.height <= kMaxNesting) return true;
   return Fail(parent.at.offset, "the expression is too long: more than 200 operations deep");
 }
@@ -79,13 +72,14 @@ ExpressionPtr Parser::ParseExpression() { return ParseBinary(1); }
 
 ExpressionPtr Parser::ParseBinary(int lowestRank) {
   ExpressionPtr left = ParseUnary();
-  while (left != nullptr) {
+  while (left) {
     const BinaryOperator* found = FindBinaryOperator(token.kind);
-    if (found == nullptr || found->rank < lowestRank) break;
-    ExpressionPtr parent = NewExpression(found->kind, token.offset);
+    if (!found || found->rank < lowestRank) break;
+    auto parent = std::make_unique<BinaryExpression>(found->kind, Here());
     parent->op = found->op;
     Advance();
-    if (!AddOperand(*parent, std::move(left)) || !AddOperand(*parent, ParseBinary(found->rank + 1))) return nullptr;
+    if (!Attach(*parent, parent->left, std::move(left))) return nullptr;
+    if (!Attach(*parent, parent->right, ParseBinary(found->rank + 1))) return nullptr;
     left = std::move(parent);
   }
   return left;
@@ -102,15 +96,15 @@ ExpressionPtr Parser::ParseUnary() {
   } else if (token.kind != TokenKind::Minus) {
     return ParsePostfix();
   }
-  ExpressionPtr expression = NewExpression(kind, token.offset);
+  auto unary = std::make_unique<UnaryExpression>(kind, Here());
   Advance();
-  if (!AddOperand(*expression, ParseUnary())) return nullptr;
-  return expression;
+  if (!Attach(*unary, unary->operand, ParseUnary())) return nullptr;
+  return unary;
 }
 
 ExpressionPtr Parser::ParsePostfix() {
   ExpressionPtr expression = ParsePrimary();
-  while (expression != nullptr) {
+  while (expression) {
     if (token.kind == TokenKind::LeftParen) {
       expression = ParseCall(std::move(expression));
     } else if (token.kind == TokenKind::LeftBracket) {
@@ -126,70 +120,96 @@ ExpressionPtr Parser::ParsePostfix() {
 
 // "(arguments)" behind a function.
 ExpressionPtr Parser::ParseCall(ExpressionPtr callee) {
-  ExpressionPtr call = NewExpression(Kind::Call, callee->at.offset);
-  if (callee->IsName()) call->builtin = FindBuiltin(callee->text);
-  if (!AddOperand(*call, std::move(callee))) return nullptr;
+  auto call = std::make_unique<CallExpression>(Kind::Call, callee->at);
+  if (callee->IsName()) call->builtin = FindBuiltin(As<NameExpression>(*callee).name);
+  if (!Attach(*call, call->function, std::move(callee))) return nullptr;
   Advance();
-  return ParseOperands(*call, TokenKind::RightParen, "or ',' after the argument") ? std::move(call) : nullptr;
+  if (!ParseArguments(*call, call->arguments, &call->firstArgument)) return nullptr;
+  return call;
 }
 
 ExpressionPtr Parser::ParseIndex(ExpressionPtr container) {
-  ExpressionPtr index = NewExpression(Kind::Index, token.offset);
+  auto element = std::make_unique<IndexExpression>(Kind::Index, Here());
   Advance();
-  if (!AddOperand(*index, std::move(container)) || !AddOperand(*index, ParseExpression())) return nullptr;
-  return Expect(TokenKind::RightBracket, "after the index") ? std::move(index) : nullptr;
+  if (!Attach(*element, element->container, std::move(container))) return nullptr;
+  if (!Attach(*element, element->index, ParseExpression())) return nullptr;
+  if (!Expect(TokenKind::RightBracket, "after the index")) return nullptr;
+  return element;
 }
 
 // ".field", "->field" or "->Method(arguments)" behind an object.
 ExpressionPtr Parser::ParseMember(ExpressionPtr object) {
   Advance();
-  ExpressionPtr member = NewExpression(Kind::Field, token.offset);
-  if (!AddOperand(*member, std::move(object))) return nullptr;
-  if (!ExpectName(member->text, "the name of a field or method")) return nullptr;
-  if (!Accept(TokenKind::LeftParen)) return member;
-  member->kind = Kind::CallMethod;
-  return ParseOperands(*member, TokenKind::RightParen, "or ',' after the argument") ? std::move(member) : nullptr;
+  auto field = std::make_unique<FieldExpression>(Kind::Field, Here());
+  if (!Attach(*field, field->object, std::move(object))) return nullptr;
+  if (!ExpectName(field->name, "the name of a field or method")) return nullptr;
+  if (!Accept(TokenKind::LeftParen)) return field;
+  auto call = std::make_unique<CallMethodExpression>(Kind::CallMethod, field->at);
+  call->method = std::move(field->name);
+  if (!Attach(*call, call->object, std::move(field->object))) return nullptr;
+  if (!ParseArguments(*call, call->arguments)) return nullptr;
+  return call;
+}
+
+// What stands behind the "(" of a call. Fills `first`, if it is not null, with the first argument as the source has it.
+bool Parser::ParseArguments(Expression& call, std::vector<ExpressionPtr>& arguments, std::string_view* first) {
+  return ParseOperands(call, arguments, TokenKind::RightParen, "or ',' after the argument", first);
 }
 
 // Expressions divided by commas, up to and with the token that ends them.
-bool Parser::ParseOperands(Expression& parent, TokenKind end, std::string_view where) {
+bool Parser::ParseOperands(Expression& parent, std::vector<ExpressionPtr>& operands, TokenKind end,
+                           std::string_view where, std::string_view* first) {
   if (Accept(end)) return true;
   do {
     const std::size_t start = token.offset;
-    if (!AddOperand(parent, ParseExpression())) return false;
-    if (parent.builtin != nullptr && parent.text.empty()) parent.text = source.text.substr(start, previousEnd - start);
+    ExpressionPtr operand = ParseExpression();
+    if (!Attach(parent, operands.emplace_back(), std::move(operand))) return false;
+    if (first && operands.size() == 1) *first = std::string_view(source.text).substr(start, previousEnd - start);
   } while (Accept(TokenKind::Comma));
   return Expect(end, where);
 }
 
 ExpressionPtr Parser::ParsePrimary() {
-  const std::size_t offset = token.offset;
   switch (token.kind) {
     case TokenKind::Name: {
+      const Position at = Here();
       std::string name = std::move(token.text);
       Advance();
-      return NewName(std::move(name), offset);
+      return NewName(std::move(name), at);
     }
     case TokenKind::LeftParen: {
       Advance();
       ExpressionPtr inner = ParseExpression();
-      if (inner == nullptr || !Expect(TokenKind::RightParen, "after the expression")) return nullptr;
+      if (!inner || !Expect(TokenKind::RightParen, "after the expression")) return nullptr;
       return inner;
     }
-    case TokenKind::LeftBracket: {
-      ExpressionPtr array = NewExpression(Kind::Array, offset);
-      Advance();
-      return ParseOperands(*array, TokenKind::RightBracket, "or ',' after the element") ? std::move(array) : nullptr;
-    }
+    case TokenKind::LeftBracket:
+      return ParseArray();
+    case TokenKind::Text:
+      return ParseText();
     case TokenKind::New:
       return ParseNew();
     default:
-      return ParseLiteral();
+      return ParseNumber();
   }
 }
 
-ExpressionPtr Parser::ParseLiteral() {
-  ExpressionPtr literal = NewExpression(Kind::Number, token.offset);
+ExpressionPtr Parser::ParseArray() {
+  auto array = std::make_unique<ArrayExpression>(Kind::Array, Here());
+  Advance();
+  if (!ParseOperands(*array, array->elements, TokenKind::RightBracket, "or ',' after the element")) return nullptr;
+  return array;
+}
+
+ExpressionPtr Parser::ParseText() {
+  auto text = std::make_unique<TextExpression>(Kind::Text, Here());
+  text->bytes = std::move(token.text);
+  Advance();
+  return text;
+}
+
+ExpressionPtr Parser::ParseNumber() {
+  auto literal = std::make_unique<NumberExpression>(Kind::Number, Here());
   switch (token.kind) {
     case TokenKind::Integer:
       if (token.integer <= std::numeric_limits<int>::max()) {
@@ -201,15 +221,9 @@ ExpressionPtr Parser::ParseLiteral() {
     case TokenKind::Real:
       literal->number = token.real;
       break;
-    case TokenKind::Text:
-      literal->kind = Kind::Text;
-      literal->text = std::move(token.text);
-      break;
     case TokenKind::True:
-      literal->kind = Kind::True;
-      break;
     case TokenKind::False:
-      literal->kind = Kind::False;
+      AssignBool(literal->number, token.kind == TokenKind::True);
       break;
     default:
       FailExpected("a value");
@@ -221,10 +235,11 @@ ExpressionPtr Parser::ParseLiteral() {
 
 ExpressionPtr Parser::ParseNew() {
   Advance();
-  ExpressionPtr object = NewExpression(Kind::New, token.offset);
-  if (!ExpectName(object->text, "the name of a class after 'new'")) return nullptr;
+  auto object = std::make_unique<NewExpression>(Kind::New, Here());
+  if (!ExpectName(object->className, "the name of a class after 'new'")) return nullptr;
   if (!Expect(TokenKind::LeftParen, "after the name of the class")) return nullptr;
-  return ParseOperands(*object, TokenKind::RightParen, "or ',' after the argument") ? std::move(object) : nullptr;
+  if (!ParseArguments(*object, object->arguments)) return nullptr;
+  return object;
 }
 
 }  // namespace devhost::script

@@ -5,12 +5,29 @@
 
 namespace devhost::script {
 
-StatementPtr Parser::NewStatement(Statement::Kind kind) {
-  auto statement = std::make_unique<Statement>();
-  statement->kind = kind;
-  statement->at = Here();
-  return statement;
+using Kind = Statement::Kind;
+
+namespace {
+
+// What += and its like compute before they assign; none for any other token.
+std::optional<Operator> OperatorOf(TokenKind token) {
+  switch (token) {
+    case TokenKind::AssignSum:
+      return Operator::Add;
+    case TokenKind::AssignDifference:
+      return Operator::Subtract;
+    case TokenKind::AssignProduct:
+      return Operator::Multiply;
+    case TokenKind::AssignQuotient:
+      return Operator::Divide;
+    default:
+      return std::nullopt;
+  }
 }
+
+bool IsAssignment(TokenKind token) { return token == TokenKind::Assign || OperatorOf(token); }
+
+}  // namespace
 
 StatementPtr Parser::ParseStatement() {
   const Nesting nesting(*this);
@@ -33,11 +50,11 @@ StatementPtr Parser::ParseStatementOfKind() {
     case TokenKind::Return:
       return ParseReturn();
     case TokenKind::Break:
-      return ParseLoopExit(Statement::Kind::Break);
+      return ParseLoopExit(Kind::Break);
     case TokenKind::Continue:
-      return ParseLoopExit(Statement::Kind::Continue);
+      return ParseLoopExit(Kind::Continue);
     case TokenKind::Semicolon: {
-      StatementPtr nothing = NewStatement(Statement::Kind::Block);
+      auto nothing = std::make_unique<BlockStatement>(Kind::Block, Here());
       Advance();
       return nothing;
     }
@@ -50,23 +67,22 @@ StatementPtr Parser::ParseStatementOfKind() {
       return nullptr;
     default: {
       StatementPtr statement = ParseSimple(StandsAtPrompt());
-      if (statement == nullptr || !EndStatement()) return nullptr;
+      if (!statement || !EndStatement()) return nullptr;
       return statement;
     }
   }
 }
 
 StatementPtr Parser::ParseBlock() {
-  StatementPtr block = NewStatement(Statement::Kind::Block);
-  const std::size_t open = token.offset;
+  auto block = std::make_unique<BlockStatement>(Kind::Block, Here());
   Advance();
   while (token.kind != TokenKind::RightBrace) {
     if (token.kind == TokenKind::End) {
-      Fail(open, "the '{' here has no '}'");
+      Fail(block->at.offset, "the '{' here has no '}'");
       return nullptr;
     }
     StatementPtr statement = ParseStatement();
-    if (statement == nullptr) return nullptr;
+    if (!statement) return nullptr;
     block->statements.push_back(std::move(statement));
   }
   Advance();
@@ -74,25 +90,19 @@ StatementPtr Parser::ParseBlock() {
 }
 
 // "(condition)" behind if and while.
-bool Parser::ParseCondition(Statement& statement) {
-  if (!Expect(TokenKind::LeftParen, "before the condition")) return false;
-  statement.expressions.push_back(ParseExpression());
-  return statement.expressions.back() != nullptr && Expect(TokenKind::RightParen, "after the condition");
+ExpressionPtr Parser::ParseCondition() {
+  if (!Expect(TokenKind::LeftParen, "before the condition")) return nullptr;
+  ExpressionPtr condition = ParseExpression();
+  if (!condition || !Expect(TokenKind::RightParen, "after the condition")) return nullptr;
+  return condition;
 }
 
 StatementPtr Parser::ParseIf() {
-  StatementPtr statement = NewStatement(Statement::Kind::If);
+  auto statement = std::make_unique<IfStatement>(Kind::If, Here());
   Advance();
-  if (!ParseCondition(*statement)) return nullptr;
-  StatementPtr thenBranch = ParseStatement();
-  if (thenBranch == nullptr) return nullptr;
-  StatementPtr elseBranch;
-  if (Accept(TokenKind::Else)) {
-    elseBranch = ParseStatement();
-    if (elseBranch == nullptr) return nullptr;
-  }
-  statement->statements.push_back(std::move(thenBranch));
-  statement->statements.push_back(std::move(elseBranch));
+  if (!(statement->condition = ParseCondition())) return nullptr;
+  if (!(statement->thenBranch = ParseStatement())) return nullptr;
+  if (Accept(TokenKind::Else) && !(statement->elseBranch = ParseStatement())) return nullptr;
   return statement;
 }
 
@@ -104,131 +114,110 @@ StatementPtr Parser::ParseLoopBody() {
 }
 
 StatementPtr Parser::ParseWhile() {
-  StatementPtr statement = NewStatement(Statement::Kind::While);
+  auto statement = std::make_unique<WhileStatement>(Kind::While, Here());
   Advance();
-  if (!ParseCondition(*statement)) return nullptr;
-  statement->statements.push_back(ParseLoopBody());
-  return statement->statements.back() != nullptr ? std::move(statement) : nullptr;
+  if (!(statement->condition = ParseCondition())) return nullptr;
+  if (!(statement->body = ParseLoopBody())) return nullptr;
+  return statement;
 }
 
 StatementPtr Parser::ParseFor() {
-  StatementPtr statement = NewStatement(Statement::Kind::For);
+  auto statement = std::make_unique<ForStatement>(Kind::For, Here());
   Advance();
   if (!Expect(TokenKind::LeftParen, "after 'for'")) return nullptr;
-  StatementPtr first;
-  ExpressionPtr condition;
-  StatementPtr step;
-  if (token.kind != TokenKind::Semicolon && (first = ParseSimple()) == nullptr) return nullptr;
+  if (token.kind != TokenKind::Semicolon && !(statement->first = ParseSimple())) return nullptr;
   if (!Expect(TokenKind::Semicolon, "after the first part of 'for'")) return nullptr;
-  if (token.kind != TokenKind::Semicolon && (condition = ParseExpression()) == nullptr) return nullptr;
+  if (token.kind != TokenKind::Semicolon && !(statement->condition = ParseExpression())) return nullptr;
   if (!Expect(TokenKind::Semicolon, "after the condition of 'for'")) return nullptr;
-  if (token.kind != TokenKind::RightParen && (step = ParseSimple()) == nullptr) return nullptr;
+  if (token.kind != TokenKind::RightParen && !(statement->step = ParseSimple())) return nullptr;
   if (!Expect(TokenKind::RightParen, "after the step of 'for'")) return nullptr;
-  StatementPtr body = ParseLoopBody();
-  if (body == nullptr) return nullptr;
-  statement->expressions.push_back(std::move(condition));
-  statement->statements.push_back(std::move(first));
-  statement->statements.push_back(std::move(step));
-  statement->statements.push_back(std::move(body));
+  if (!(statement->body = ParseLoopBody())) return nullptr;
   return statement;
 }
 
 StatementPtr Parser::ParseTry() {
-  StatementPtr statement = NewStatement(Statement::Kind::Try);
+  auto statement = std::make_unique<TryStatement>(Kind::Try, Here());
   Advance();
-  if (token.kind != TokenKind::LeftBrace) {
-    FailExpected("'{' after 'try'");
-    return nullptr;
-  }
-  StatementPtr body = ParseBlock();
-  if (body == nullptr || !Expect(TokenKind::Catch, "after the statements of 'try'")) return nullptr;
+  if (!(statement->body = ParseBlockBehind("'try'"))) return nullptr;
+  if (!Expect(TokenKind::Catch, "after the statements of 'try'")) return nullptr;
   if (!Expect(TokenKind::LeftParen, "after 'catch'")) return nullptr;
-  for (const char* what : {"a name for the error's code", "a name for the error's text"}) {
-    const std::size_t offset = token.offset;
-    std::string name;
-    if (!statement->expressions.empty() && !Expect(TokenKind::Comma, "after the name for the error's code"))
-      return nullptr;
-    if (!ExpectName(name, what)) return nullptr;
-    Declare(name);
-    statement->expressions.push_back(NewName(std::move(name), offset));
-  }
+  if (!(statement->code = ParseCaughtName("a name for the error's code"))) return nullptr;
+  if (!Expect(TokenKind::Comma, "after the name for the error's code")) return nullptr;
+  if (!(statement->text = ParseCaughtName("a name for the error's text"))) return nullptr;
   if (!Expect(TokenKind::RightParen, "after the name for the error's text")) return nullptr;
-  if (token.kind != TokenKind::LeftBrace) {
-    FailExpected("'{' after 'catch (...)'");
-    return nullptr;
-  }
-  StatementPtr handler = ParseBlock();
-  if (handler == nullptr) return nullptr;
-  statement->statements.push_back(std::move(body));
-  statement->statements.push_back(std::move(handler));
+  if (!(statement->handler = ParseBlockBehind("'catch (...)'"))) return nullptr;
   return statement;
 }
 
-StatementPtr Parser::ParseReturn() {
-  StatementPtr statement = NewStatement(Statement::Kind::Return);
-  Advance();
-  ExpressionPtr value;
-  const bool isBare = token.kind == TokenKind::Semicolon || token.kind == TokenKind::End;
-  if (!isBare && (value = ParseExpression()) == nullptr) return nullptr;
-  statement->expressions.push_back(std::move(value));
-  return EndStatement() ? std::move(statement) : nullptr;
+// "{ ... }" where nothing else may stand.
+StatementPtr Parser::ParseBlockBehind(std::string_view what) {
+  if (token.kind == TokenKind::LeftBrace) return ParseBlock();
+  FailExpected(std::string("'{' after ").append(what));
+  return nullptr;
 }
 
-StatementPtr Parser::ParseLoopExit(Statement::Kind kind) {
+// A variable that takes a part of the error.
+std::unique_ptr<NameExpression> Parser::ParseCaughtName(std::string_view what) {
+  const Position at = Here();
+  std::string name;
+  if (!ExpectName(name, what)) return nullptr;
+  Declare(name);
+  return NewName(std::move(name), at);
+}
+
+StatementPtr Parser::ParseReturn() {
+  auto statement = std::make_unique<ReturnStatement>(Kind::Return, Here());
+  Advance();
+  const bool isBare = token.kind == TokenKind::Semicolon || token.kind == TokenKind::End;
+  if (!isBare && !(statement->value = ParseExpression())) return nullptr;
+  if (!EndStatement()) return nullptr;
+  return statement;
+}
+
+StatementPtr Parser::ParseLoopExit(Kind kind) {
   if (loops == 0) {
     Fail(token.offset, "'" + std::string(SpellingOf(token.kind)) + "' stands inside a loop only");
     return nullptr;
   }
-  StatementPtr statement = NewStatement(kind);
+  auto statement = std::make_unique<Statement>(kind, Here());
   Advance();
   if (!EndStatement()) return nullptr;
   return statement;
 }
 
 // Whether the statement was entered at a prompt by itself, in no block, loop, function or file.
-bool Parser::StandsAtPrompt() const { return compilation.atPrompt && compilation.nesting == 1 && function == nullptr; }
+bool Parser::StandsAtPrompt() const { return compilation.atPrompt && compilation.nesting == 1 && !function; }
 
 // An assignment or a call, without a semicolon; or any value, to be shown.
 StatementPtr Parser::ParseSimple(bool showsValue) {
-  StatementPtr statement = NewStatement(Statement::Kind::Assign);
-  ExpressionPtr target = ParseExpression();
-  if (target == nullptr) return nullptr;
-  switch (token.kind) {
-    case TokenKind::Assign:
-      break;
-    case TokenKind::AssignSum:
-      statement->op = Operator::Add;
-      break;
-    case TokenKind::AssignDifference:
-      statement->op = Operator::Subtract;
-      break;
-    case TokenKind::AssignProduct:
-      statement->op = Operator::Multiply;
-      break;
-    case TokenKind::AssignQuotient:
-      statement->op = Operator::Divide;
-      break;
-    default:
-      statement->kind = showsValue ? Statement::Kind::Show : Statement::Kind::Evaluate;
-  }
-  using Kind = Expression::Kind;
-  if (statement->kind != Statement::Kind::Assign) {
-    if (!showsValue && target->kind != Kind::Call && target->kind != Kind::CallMethod && target->kind != Kind::New) {
-      FailExpected("an assignment or a call: this value would not be used");
-      return nullptr;
-    }
-    statement->expressions.push_back(std::move(target));
-    return statement;
-  }
-  if (!target->IsPlace()) {
-    Fail(target->at.offset, "expected a variable, an element or a field left of the assignment");
+  const Position at = Here();
+  ExpressionPtr expression = ParseExpression();
+  if (!expression) return nullptr;
+  if (IsAssignment(token.kind)) return ParseAssignment(std::move(expression), at);
+  const Expression::Kind kind = expression->kind;
+  const bool isCall = kind == Expression::Kind::Call || kind == Expression::Kind::CallMethod;
+  if (!showsValue && !isCall && kind != Expression::Kind::New) {
+    FailExpected("an assignment or a call: this value would not be used");
     return nullptr;
   }
-  if (target->IsName()) Declare(target->text);
+  auto statement = std::make_unique<ExpressionStatement>(showsValue ? Kind::Show : Kind::Evaluate, at);
+  statement->expression = std::move(expression);
+  return statement;
+}
+
+// "= value" or its like behind a place.
+StatementPtr Parser::ParseAssignment(ExpressionPtr place, Position at) {
+  if (!place->IsPlace()) {
+    Fail(place->at.offset, "expected a variable, an element or a field left of the assignment");
+    return nullptr;
+  }
+  if (place->IsName()) Declare(As<NameExpression>(*place).name);
+  auto statement = std::make_unique<AssignStatement>(Kind::Assign, at);
+  statement->place = std::move(place);
+  statement->op = OperatorOf(token.kind);
   Advance();
-  statement->expressions.push_back(std::move(target));
-  statement->expressions.push_back(ParseExpression());
-  return statement->expressions.back() != nullptr ? std::move(statement) : nullptr;
+  if (!(statement->value = ParseExpression())) return nullptr;
+  return statement;
 }
 
 }  // namespace devhost::script

@@ -30,7 +30,7 @@ bool ReadScript(const std::string& path, std::string& text) {
 bool RunScript(const std::string& text, const std::string& name, std::span<const std::string> arguments) {
   SyntaxError error;
   const std::unique_ptr<Program> program = Parse(text, name, ReadScript, error);
-  if (program == nullptr) return Complain(Describe(error.at, "syntax error: " + error.message));
+  if (!program) return Complain(Describe(error.at, "syntax error: " + error.message));
   std::vector<Variable> args(arguments.size());
   for (std::size_t i = 0; i < args.size(); ++i) AssignText(args[i], arguments[i]);
   Variable result;
@@ -40,7 +40,7 @@ bool RunScript(const std::string& text, const std::string& name, std::span<const
     succeeded = script.Run(result, args) || Complain(CurrentTrace().Report());
   }
   // An object may have raised an error at its end.
-  if (succeeded && PendingError() != nullptr) return Complain(CurrentTrace().Report());
+  if (succeeded && PendingError()) return Complain(CurrentTrace().Report());
   return succeeded;
 }
 
@@ -62,7 +62,7 @@ int ShowHelp(const std::string& topic) {
 const Module* PrepareModule(const CommandLine& commandLine) {
   const std::string path = commandLine.module.empty() ? ProgramFolder() + "TalqOpenGL.dll" : commandLine.module;
   const Module* module = LoadModule(path);
-  if (module == nullptr) return nullptr;
+  if (!module) return nullptr;
   if (commandLine.moduleArithmetic && !UseArithmeticOf(*module)) return nullptr;
   if (commandLine.tracesGl && !TraceOpenGl(*module)) return nullptr;
   return module;
@@ -72,9 +72,9 @@ bool RunCommand(const CommandLine& commandLine) {
   const Module* module = nullptr;
   if (commandLine.usesModule) {
     module = PrepareModule(commandLine);
-    if (module == nullptr) return Complain("talq: " + PendingError()->text + "\n");
+    if (!module) return Complain("talq: " + PendingError()->text + "\n");
   }
-  if (module != nullptr && commandLine.action == CommandLine::Action::List) {
+  if (module && commandLine.action == CommandLine::Action::List) {
     Print(DescribeModule(*module));
     return true;
   }
@@ -83,7 +83,7 @@ bool RunCommand(const CommandLine& commandLine) {
     return true;
   }
   if (commandLine.action == CommandLine::Action::Interact) {
-    return RunPrompt(stdin, module != nullptr ? module->version : "No module is loaded.", ReadScript);
+    return RunPrompt(stdin, module ? module->version : "No module is loaded.", ReadScript);
   }
   if (commandLine.action == CommandLine::Action::RunText) {
     return RunScript(commandLine.script, "-e", commandLine.args);

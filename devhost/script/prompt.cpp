@@ -120,7 +120,7 @@ bool RunPrompt(std::FILE* input, const std::string& greeting, FileReader readFil
       goesOn = isRead && prompt.Take(text);
     }
   }
-  return PendingError() == nullptr || Complain(CurrentTrace().Report());
+  return !PendingError() || Complain(CurrentTrace().Report());
 }
 
 }  // namespace devhost::script

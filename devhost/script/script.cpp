@@ -34,7 +34,7 @@ class ScriptFunction : public Function {
   void Detach() { script = nullptr; }
 
   bool Call(Variable& result, std::span<Variable> args) override {
-    if (script == nullptr) {
+    if (!script) {
       Raise(kErrorName, "The script of the function '" + name + "' has ended.");
       return false;
     }
@@ -99,7 +99,7 @@ Script::~Script() {
 }
 
 bool Script::Run(Variable& result, std::span<Variable> args) {
-  if (PendingError() == nullptr) CurrentTrace().Clear();
+  if (!PendingError()) CurrentTrace().Clear();
   TakeUp();
   const auto parameterCount = static_cast<std::size_t>(program.parameterCount);
   if (args.size() > parameterCount) {
@@ -127,7 +127,7 @@ namespace devhost {
 Function* CompileFunction(std::string_view source) {
   script::SyntaxError error;
   std::unique_ptr<script::Program> program = script::Parse(source, "function text", nullptr, error);
-  if (program != nullptr) return new script::CompiledText(std::move(program));
+  if (program) return new script::CompiledText(std::move(program));
   Raise(kErrorSyntax, script::Describe(error.at, error.message));
   return nullptr;
 }

@@ -29,7 +29,7 @@ void ErrorTrace::Clear() { *this = ErrorTrace(); }
 
 std::string ErrorTrace::Report() const {
   const Error* error = PendingError();
-  if (error == nullptr) return {};
+  if (!error) return {};
   std::string report = located ? Describe(place, MessageOf(*error)) : MessageOf(*error) + "\n";
   if (!error->hint.empty()) report += "  hint: " + error->hint + "\n";
   for (const Call& call : calls) {

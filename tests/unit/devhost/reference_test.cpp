@@ -77,7 +77,7 @@ TEST(ReferenceTest, EveryEntryHasFormsTextAndExample) {
 }
 
 TEST(ReferenceTest, NamesTheArgumentsOfEveryRow) {
-  for (const MethodEntry* row = GetMethodTable(nullptr); row->signature != nullptr; ++row) {
+  for (const MethodEntry* row = GetMethodTable(nullptr); row->signature; ++row) {
     devhost::Signature signature;
     std::string fault;
     ASSERT_TRUE(devhost::ParseSignature(row->signature, signature, fault)) << fault;

@@ -22,7 +22,7 @@ inline std::string RunScript(std::string_view text, const std::vector<std::strin
   devhost::ClearError();
   devhost::script::SyntaxError error;
   const auto program = devhost::script::Parse(text, name, readFile, error);
-  if (program == nullptr) return Describe(error.at, error.message);
+  if (!program) return Describe(error.at, error.message);
   std::vector<Variable> args(arguments.size());
   for (std::size_t i = 0; i < args.size(); ++i) devhost::AssignText(args[i], arguments[i]);
   Variable result;
