@@ -104,7 +104,7 @@ const MethodEntry kMathematicsFunctions[] = {
     {Max, "max(number, number)"},
     {Pi, "pi(void)"},
     {Random, "random(void)"},
-    {SeedRandom, "seedRandom(int)"},
+    {SeedRandom, "SeedRandom(int)"},
     {kToByte, "byte(number)"},
     {kToByte, "byte(refer object String)"},
     {kToInt, "int(number)"},

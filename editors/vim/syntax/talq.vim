@@ -37,9 +37,9 @@ syntax keyword talqClass ColorRef MBmp MDC Matrix Mesh POINT3 RECT String Vector
 " Functions of the language, and the host's, where they are called.
 let s:functions = 'Assert Beside ErrorName Fail Print Raise TypeOf '
       \ .. 'abs acos asin atan atan2 byte ceil cos double exp float floor int int64 log max min pi pow random round '
-      \ .. 'seedRandom sin sqrt tan '
+      \ .. 'sin sqrt tan '
       \ .. 'RotationMatrix ScaleMatrix TranslationMatrix '
-      \ .. 'Find GdiHandles Length MemoryUse ReadObj ReadText Seconds Split Substring Text WriteText'
+      \ .. 'Find GdiHandles Length MemoryUse ReadObj ReadText Seconds SeedRandom Split Substring Text WriteText'
 execute 'syntax match talqFunction /\<\%(' .. substitute(s:functions, ' ', '\\|', 'g') .. '\)\>\ze\s*(/'
 
 syntax match talqDefinition /\%(\<function\s\+\)\@<=\h\w*/

@@ -220,10 +220,10 @@ TEST_F(DevhostClassesTest, Mathematics) {
 }
 
 TEST_F(DevhostClassesTest, RandomNumbersRepeatFromTheirSeed) {
-  CallPlain("seedRandom", {Variable(7)});
+  CallPlain("SeedRandom", {Variable(7)});
   const std::string first = TextOf(CallPlain("random"));
   EXPECT_NE(TextOf(CallPlain("random")), first);
-  CallPlain("seedRandom", {Variable(7)});
+  CallPlain("SeedRandom", {Variable(7)});
   EXPECT_EQ(TextOf(CallPlain("random")), first);
   for (int i = 0; i < 1000; ++i) {
     const double value = CallPlain("random");
