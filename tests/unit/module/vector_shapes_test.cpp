@@ -42,20 +42,20 @@ Floats TriplesFor(std::size_t argument) {
   return numbers;
 }
 
-enum class Shape { kFlat, kOneMore, kTwoMore, kObjects, kNested, kMixed, kFourElements };
+enum class Shape { Flat, OneMore, TwoMore, Objects, Nested, Mixed, FourElements };
 
 Variable Element(const float* triple, char kind, Shape shape, int i) {
-  const bool object = shape == Shape::kObjects || (shape == Shape::kMixed && i % 2 == 0);
-  if (!object && shape == Shape::kFourElements) return Numbers({triple[0], triple[1], triple[2], 99});
+  const bool object = shape == Shape::Objects || (shape == Shape::Mixed && i % 2 == 0);
+  if (!object && shape == Shape::FourElements) return Numbers({triple[0], triple[1], triple[2], 99});
   if (!object) return Numbers({triple[0], triple[1], triple[2]});
   if (kind != 'c') return Point3(triple[0], triple[1], triple[2]);
   return New("OglColor(number, number, number, number)", triple[0], triple[1], triple[2], 0.5F);
 }
 
 Variable Shaped(Floats numbers, char kind, Shape shape) {
-  if (shape == Shape::kOneMore || shape == Shape::kTwoMore) numbers.push_back(77);
-  if (shape == Shape::kTwoMore) numbers.push_back(88);
-  if (shape <= Shape::kTwoMore) return Numbers(numbers);
+  if (shape == Shape::OneMore || shape == Shape::TwoMore) numbers.push_back(77);
+  if (shape == Shape::TwoMore) numbers.push_back(88);
+  if (shape <= Shape::TwoMore) return Numbers(numbers);
   std::vector<Variable> elements;
   for (int i = 0; i < kCount; ++i) elements.push_back(Element(numbers.data() + std::ptrdiff_t{3} * i, kind, shape, i));
   return Vector(elements);
@@ -65,7 +65,7 @@ Variable Shaped(Floats numbers, char kind, Shape shape) {
 std::string Drawn(Variable& renderer, const Row& row, std::size_t argument, Shape shape) {
   std::vector<Variable> vectors;
   for (std::size_t i = 0; i < row.kinds.size(); ++i) {
-    vectors.push_back(Shaped(TriplesFor(i), row.kinds[i], i == argument ? shape : Shape::kFlat));
+    vectors.push_back(Shaped(TriplesFor(i), row.kinds[i], i == argument ? shape : Shape::Flat));
   }
   CallRow(renderer, row.name, vectors);
   return TakeLog();
@@ -74,10 +74,10 @@ std::string Drawn(Variable& renderer, const Row& row, std::size_t argument, Shap
 TEST_F(VectorShapesTest, AllShapesDrawTheSame) {
   Variable renderer = OpenRenderer();
   for (const Row& row : kRows) {
-    const std::string flat = Drawn(renderer, row, 0, Shape::kFlat);
+    const std::string flat = Drawn(renderer, row, 0, Shape::Flat);
     ASSERT_EQ(CountVertices(flat), kCount) << row.name;
     for (std::size_t argument = 0; argument < row.kinds.size(); ++argument) {
-      for (int shape = 1; shape <= static_cast<int>(Shape::kFourElements); ++shape) {
+      for (int shape = 1; shape <= static_cast<int>(Shape::FourElements); ++shape) {
         EXPECT_EQ(Drawn(renderer, row, argument, Shape{shape}), flat)
             << row.name << ", argument " << argument << ", shape " << shape;
       }
