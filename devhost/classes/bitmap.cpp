@@ -54,17 +54,13 @@ bool LoadFile(Bitmap& bitmap, const std::string& path) {
   return true;
 }
 
-void JoinNew(VarRegister* args, int argc, Processor* processor, std::unique_ptr<Bitmap> bitmap) {
-  bitmap.release()->Join(args[argc - 1], processor);
-}
-
 void MakeBlack(VarRegister&, VarRegister* args, int argc, Processor* processor) {
   const int bytes = ByteCount(args[0], args[1]);
   if (bytes == 0) return;
   auto bitmap = std::make_unique<Bitmap>();
   SetBits(*bitmap, args[0], args[1], {});
   bitmap->bits.Init(TVAR_BYTES, bytes);
-  JoinNew(args, argc, processor, std::move(bitmap));
+  JoinNative(args, argc, processor, std::move(bitmap));
 }
 
 void MakeFromBytes(VarRegister&, VarRegister* args, int argc, Processor* processor) {
@@ -78,12 +74,12 @@ void MakeFromBytes(VarRegister&, VarRegister* args, int argc, Processor* process
   }
   auto bitmap = std::make_unique<Bitmap>();
   SetBits(*bitmap, args[0], args[1], pixels);
-  JoinNew(args, argc, processor, std::move(bitmap));
+  JoinNative(args, argc, processor, std::move(bitmap));
 }
 
 void MakeFromFile(VarRegister&, VarRegister* args, int argc, Processor* processor) {
   auto bitmap = std::make_unique<Bitmap>();
-  if (LoadFile(*bitmap, std::string(TextIn(args[0].GetVar())))) JoinNew(args, argc, processor, std::move(bitmap));
+  if (LoadFile(*bitmap, std::string(TextIn(args[0].GetVar())))) JoinNative(args, argc, processor, std::move(bitmap));
 }
 
 void MakeCopy(VarRegister&, VarRegister* args, int argc, Processor* processor) {
@@ -91,7 +87,7 @@ void MakeCopy(VarRegister&, VarRegister* args, int argc, Processor* processor) {
   if (!source) return;
   auto bitmap = std::make_unique<Bitmap>();
   SetBits(*bitmap, source->width, source->height, TextIn(source->bits));
-  JoinNew(args, argc, processor, std::move(bitmap));
+  JoinNative(args, argc, processor, std::move(bitmap));
 }
 
 Bitmap* This(VarRegister* args, int argc) { return NativeSelf<Bitmap>(args, argc, "MBmp"); }

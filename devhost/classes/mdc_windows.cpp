@@ -33,7 +33,7 @@ void MakeBitmap(VarRegister&, VarRegister* args, int argc, Processor* processor)
   auto device = std::make_unique<Device>();
   device->bitmap = std::make_unique<MemoryFrame>(args[0], args[1]);
   if (device->bitmap->DeviceContext()) {
-    device.release()->Join(args[argc - 1], processor);
+    JoinNative(args, argc, processor, std::move(device));
   } else {
     RaiseNothingGiven("device context");
   }
@@ -44,7 +44,7 @@ void OpenWindow(VarRegister* args, int argc, Processor* processor, bool isDouble
   auto device = std::make_unique<Device>();
   device->window = Window::Open(args[0], args[1], TextIn(args[2].GetVar()), isDoubleBuffered);
   if (device->window) {
-    device.release()->Join(args[argc - 1], processor);
+    JoinNative(args, argc, processor, std::move(device));
   } else {
     // Wine opens windows on a display alone, which ./run gives a script when it is asked for.
     RaiseNothingGiven("window", RunsInWine() ? "scripts with windows run with ./run --window" : "");

@@ -1,6 +1,8 @@
 // The method tables of the host's own classes and functions, and what their handlers share.
 #pragma once
 
+#include <memory>
+
 #include "devhost/runtime/access.h"
 #include "devhost/runtime/payload.h"
 #include "devhost/runtime/runtime.h"
@@ -38,6 +40,12 @@ T* NativeSelf(VarRegister* args, int argc, const char* className) {
   auto* native = static_cast<T*>(static_cast<TalqAss*>(args[argc - 1].GetAssID()));
   if (!native) TalqError(kErrorNoNativeObject, const_cast<char*>(className));
   return native;
+}
+
+// What a constructor row ends with: joins the new native object to the script object of the call, which then owns it.
+template <typename T>
+void JoinNative(VarRegister* args, int argc, Processor* processor, std::unique_ptr<T> native) {
+  native.release()->Join(args[argc - 1], processor);
 }
 
 // What a destructor row does: breaks the join and deletes the native object, if there is one.
