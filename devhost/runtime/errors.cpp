@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "devhost/runtime/modules.h"
+#include "devhost/runtime/reference.h"
 #include "devhost/runtime/runtime.h"
 #include "devhost/runtime/text.h"
 
@@ -45,18 +46,6 @@ const HostErrorText* FindHostError(int code) {
   const auto* found = std::find_if(std::begin(kHostErrors), std::end(kHostErrors),
                                    [code](const HostErrorText& row) { return row.code == code; });
   return found == std::end(kHostErrors) ? nullptr : found;
-}
-
-// What helps against the errors of the OpenGL module that have a plain remedy.
-constexpr std::pair<std::string_view, const char*> kModuleHints[] = {
-    {"OGL_NO_DC", "the MDC has to be open; for BindMDC, the renderer too: gl->Open(device) or gl->OpenBitmap(device)"},
-    {"OGL_NO_SELECTION_MODE", "BeginSelection comes before EndSelection"},
-};
-
-std::string HintOn(std::string_view errorName) {
-  const auto* found = std::find_if(std::begin(kModuleHints), std::end(kModuleHints),
-                                   [errorName](const auto& row) { return row.first == errorName; });
-  return found == std::end(kModuleHints) ? "" : found->second;
 }
 
 // The text of a module's own error: the message of its table, then the detail that it was raised with.
@@ -102,7 +91,7 @@ std::string ErrorName(int code) {
 
 void TalqError(int code, char* text) {
   devhost::Raise(code, devhost::ErrorText(code, text ? std::string_view(text) : std::string_view()),
-                 devhost::HintOn(devhost::ErrorName(code)));
+                 std::string(devhost::AdviceInReference(devhost::ErrorName(code))));
 }
 
 void TalqError(int code) { TalqError(code, nullptr); }

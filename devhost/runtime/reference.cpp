@@ -1,5 +1,7 @@
 #include "devhost/runtime/reference.h"
 
+#include <algorithm>
+
 #include "devhost/runtime/text.h"
 
 namespace devhost {
@@ -48,6 +50,17 @@ ReferenceEntry MakeEntry(std::string_view name, std::string_view group, std::str
   return entry;
 }
 
+// The cells of a table's row; none of any other line.
+std::vector<std::string_view> CellsOf(std::string_view line) {
+  std::vector<std::string_view> cells;
+  for (std::size_t start = 1; line.starts_with('|') && start < line.size();) {
+    const std::size_t end = std::min(line.find('|', start), line.size());
+    cells.push_back(Trimmed(line.substr(start, end - start), kBlanks));
+    start = end + 1;
+  }
+  return cells;
+}
+
 }  // namespace
 
 std::vector<ReferenceEntry> ParseReference(std::string_view document) {
@@ -79,6 +92,24 @@ std::string_view ArgumentsInReference(std::string_view signature) {
     }
   }
   return {};
+}
+
+ErrorAdvice ParseErrorAdvice(std::string_view document) {
+  constexpr std::size_t kName = 1;
+  constexpr std::size_t kAdvice = 4;
+  ErrorAdvice advice;
+  while (!document.empty()) {
+    const std::vector<std::string_view> cells = CellsOf(Trimmed(TakeLine(document), kBlanks));
+    if (cells.size() <= kAdvice || !cells[kName].starts_with('`') || cells[kAdvice].empty()) continue;
+    advice.emplace(Trimmed(cells[kName], "`"), cells[kAdvice]);
+  }
+  return advice;
+}
+
+std::string_view AdviceInReference(std::string_view errorName) {
+  static const auto& advice = *new ErrorAdvice(ParseErrorAdvice(ReferenceText()));
+  const auto found = advice.find(errorName);
+  return found != advice.end() ? found->second : std::string_view();
 }
 
 }  // namespace devhost

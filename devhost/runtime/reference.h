@@ -1,9 +1,11 @@
 // The reference of the script API, docs/reference.md, which the build puts into the program.
 //
 // "## Title" begins a group, "### Class::Name" an entry. An entry begins with a fenced block that holds two lines a
-// form, "Rotate(x, y, z, angle)" and, indented, the signature of the method table; then comes its text.
+// form, "Rotate(x, y, z, angle)" and, indented, the signature of the method table; then comes its text. The rows of the
+// table of errors are "| code | `NAME` | text | meaning | what helps |".
 #pragma once
 
+#include <map>
 #include <string_view>
 #include <vector>
 
@@ -38,5 +40,13 @@ const std::vector<ReferenceEntry>& Reference();
 // How the form with this signature is called, "(x, y, z, angle)"; "" for one that the reference does not have, and for
 // an operator.
 std::string_view ArgumentsInReference(std::string_view signature);
+
+// What helps against errors, by their names, as a document's table of errors has it; errors without it are left out.
+// Views of `document`.
+using ErrorAdvice = std::map<std::string_view, std::string_view>;
+ErrorAdvice ParseErrorAdvice(std::string_view document);
+
+// What helps against the error of this name, as the reference has it; "" where that says nothing.
+std::string_view AdviceInReference(std::string_view errorName);
 
 }  // namespace devhost

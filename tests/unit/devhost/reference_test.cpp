@@ -97,6 +97,16 @@ TEST(ReferenceTest, NamesTheArgumentsOfEveryRow) {
   EXPECT_EQ(devhost::ArgumentsInReference("TOpenGL::Rotate(number)"), "");
 }
 
+TEST(ReferenceTest, KnowsWhatHelpsAgainstAnError) {
+  constexpr const char* kTable =
+      "| 7 | `SMALL` | Too small. |\n"
+      "| code | name | text | meaning | what helps |\n|---|---|---|---|---|\n"
+      "| 8 | `BROKEN` | It broke. | after a fall | glue: Glue(cup) |\r\n"
+      "| 9 | `LOST` | It is gone. | for good | |";
+  const devhost::ErrorAdvice expected = {{"BROKEN", "glue: Glue(cup)"}};
+  EXPECT_EQ(devhost::ParseErrorAdvice(kTable), expected);
+}
+
 TEST(ScriptHelpTest, ShowsEveryEntryAsInTheDocument) {
   ASSERT_FALSE(devhost::Reference().empty());
   for (const ReferenceEntry& entry : devhost::Reference()) {
