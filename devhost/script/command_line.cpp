@@ -16,7 +16,7 @@ const char* const kUsage =
     "\n"
     "  -e 'statements'  run these statements\n"
     "  -i               run statements as they are entered\n"
-    "  --list           show the module's version, methods and errors\n"
+    "  --list           show the module's version, methods and errors; with --no-module, what scripts have without it\n"
     "  --probe          show what this machine's OpenGL gives to the module: pixel formats, maker, limits\n"
     "  --module PATH    load this module (else: TalqOpenGL.dll beside the program)\n"
     "  --no-module      load no module\n"
@@ -61,7 +61,6 @@ const char* LoneOption(CommandLine::Action action) {
 // Whether the options go together; says in the message which do not.
 bool Fits(const CommandLine& commandLine, std::string& message) {
   if (commandLine.usesModule) return true;
-  if (commandLine.action == CommandLine::Action::List) message = "--list and --no-module exclude each other";
   if (commandLine.action == CommandLine::Action::Probe) message = "--probe and --no-module exclude each other";
   if (commandLine.moduleArithmetic) message = "--module-arithmetic and --no-module exclude each other";
   if (commandLine.tracesGl) message = "--trace-gl and --no-module exclude each other";

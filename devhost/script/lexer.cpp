@@ -84,6 +84,12 @@ constexpr const char* kTooLarge = "the number is too large: integers have 64 bit
 
 }  // namespace
 
+std::vector<std::string> Keywords() {
+  std::vector<std::string> words;
+  for (const Spelling& keyword : kKeywords) words.emplace_back(keyword.text);
+  return words;
+}
+
 std::string_view SpellingOf(TokenKind kind) {
   const auto isKind = [kind](const Spelling& spelling) { return spelling.kind == kind; };
   const auto keyword = std::find_if(std::begin(kKeywords), std::end(kKeywords), isKind);

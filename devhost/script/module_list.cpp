@@ -5,6 +5,8 @@
 #include <vector>
 
 #include "devhost/runtime/text.h"
+#include "devhost/script/builtins.h"
+#include "devhost/script/token.h"
 
 namespace devhost::script {
 namespace {
@@ -35,6 +37,21 @@ std::string DescribeModule(const Module& module) {
   for (const ErrorEntry* row = module.errors; row->message; ++row) {
     text += "  " + Decimal(module.errorBase + row->code) + " " + row->name + ": " + row->message + "\n";
   }
+  return text;
+}
+
+std::string DescribeHost() {
+  std::string text = "The development host\n";
+  for (const std::string& name : ClassNames()) {
+    text += "\n" + name + "\n";
+    for (const std::string& signature : SignaturesOf(name)) text += "  " + signature + "\n";
+  }
+  text += "\nfunctions\n";
+  for (const std::string& name : BuiltinNames())
+    text.append("  ").append(name).append(FindBuiltin(name)->arguments) += "\n";
+  for (const std::string& signature : SignaturesOf("")) text += "  " + signature + "\n";
+  text += "\nkeywords\n";
+  for (const std::string& word : Keywords()) text += "  " + word + "\n";
   return text;
 }
 

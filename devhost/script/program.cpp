@@ -74,8 +74,8 @@ bool RunCommand(const CommandLine& commandLine) {
     module = PrepareModule(commandLine);
     if (!module) return Complain("talq: " + PendingError()->text + "\n");
   }
-  if (module && commandLine.action == CommandLine::Action::List) {
-    Print(DescribeModule(*module));
+  if (commandLine.action == CommandLine::Action::List) {
+    Print(module ? DescribeModule(*module) : DescribeHost());
     return true;
   }
   if (module != nullptr && commandLine.action == CommandLine::Action::Probe) {

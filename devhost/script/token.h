@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace devhost::script {
 
@@ -79,6 +80,9 @@ struct Token {
   long long integer = 0;
   double real = 0;
 };
+
+// The words that name nothing else.
+std::vector<std::string> Keywords();
 
 // How a keyword or sign is written; empty for the other kinds.
 std::string_view SpellingOf(TokenKind kind);
