@@ -20,8 +20,8 @@
 class ScriptCall {
  public:
   // As the host calls: args[argc - 1] is the script object.
-  ScriptCall(VarRegister& result, VarRegister* args, int argc, Processor* processor)
-      : result(result), processor(processor), object(args + argc - 1), next(args), count(argc - 1) {}
+  ScriptCall(VarRegister& hostResult, VarRegister* args, int argc, Processor* hostProcessor)
+      : result(hostResult), processor(hostProcessor), object(args + argc - 1), next(args), count(argc - 1) {}
 
   // The native object of the script object; null, with error 43 raised, when it has none.
   template <class T>

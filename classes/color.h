@@ -11,7 +11,8 @@ class OGLColor : public TalqAss {
   // Opaque white.
   OGLColor() = default;
   // These four components.
-  OGLColor(float red, float green, float blue, float alpha) : red(red), green(green), blue(blue), alpha(alpha) {}
+  OGLColor(float newRed, float newGreen, float newBlue, float newAlpha)
+      : red(newRed), green(newGreen), blue(newBlue), alpha(newAlpha) {}
   // Copies the four components; the association with a script object is never copied.
   OGLColor(const OGLColor& other)
       : TalqAss(), red(other.red), green(other.green), blue(other.blue), alpha(other.alpha) {}

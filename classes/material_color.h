@@ -5,11 +5,11 @@
 
 class OGLMaterialColor : public OGLColor {
  public:
-  // parameter: GL_AMBIENT, GL_DIFFUSE, GL_SPECULAR or GL_EMISSION; face: GL_FRONT or GL_BACK.
-  OGLMaterialColor(unsigned parameter, float red, float green, float blue, float alpha, unsigned face)
-      : OGLColor(red, green, blue, alpha), parameter(parameter), face(face) {}
-  OGLMaterialColor(unsigned parameter, const OGLColor& color, unsigned face)
-      : OGLColor(color), parameter(parameter), face(face) {}
+  // newParameter: GL_AMBIENT, GL_DIFFUSE, GL_SPECULAR or GL_EMISSION; newFace: GL_FRONT or GL_BACK.
+  OGLMaterialColor(unsigned newParameter, float newRed, float newGreen, float newBlue, float newAlpha, unsigned newFace)
+      : OGLColor(newRed, newGreen, newBlue, newAlpha), parameter(newParameter), face(newFace) {}
+  OGLMaterialColor(unsigned newParameter, const OGLColor& color, unsigned newFace)
+      : OGLColor(color), parameter(newParameter), face(newFace) {}
   OGLMaterialColor(const OGLMaterialColor& other) = default;
   OGLMaterialColor& operator=(const OGLMaterialColor& other) = default;
   ~OGLMaterialColor() override = default;

@@ -12,9 +12,10 @@ class Array {
  public:
   // No array.
   Array() = default;
-  // Room for count elements, default-initialised: numbers have no value yet. None when count is negative or no int.
-  explicit Array(long long count) : count(count >= 0 && count <= INT_MAX ? static_cast<int>(count) : 0) {
-    if (this->count == count) elements.reset(new (std::nothrow) T[static_cast<std::size_t>(count)]);
+  // Room for so many elements, default-initialised: numbers have no value yet. None when the number is negative or no
+  // int.
+  explicit Array(long long wanted) : count(wanted >= 0 && wanted <= INT_MAX ? static_cast<int>(wanted) : 0) {
+    if (count == wanted) elements.reset(new (std::nothrow) T[static_cast<std::size_t>(wanted)]);
   }
 
   // Whether it could be allocated.

@@ -61,8 +61,8 @@ const TriangleMesh* MeshOf(Variable& object) {
 
 }  // namespace
 
-Triples::Triples(int count) : count(count) {
-  if (count >= 0) values.reset(new (std::nothrow) float[3 * static_cast<std::size_t>(count) + 1]);
+Triples::Triples(int wanted) : count(wanted) {
+  if (wanted >= 0) values.reset(new (std::nothrow) float[3 * static_cast<std::size_t>(wanted) + 1]);
 }
 
 Triples DecodePoints(Variable& vector) {

@@ -17,8 +17,8 @@ class Triples {
  public:
   // No triples.
   Triples() = default;
-  // Room for count triples without a value yet, and one spare float, which is required and never used.
-  explicit Triples(int count);
+  // Room for so many triples without a value yet, and one spare float, which is required and never used.
+  explicit Triples(int wanted);
 
   explicit operator bool() const { return values != nullptr; }
   operator TripleSpan() const { return {values.get(), count}; }

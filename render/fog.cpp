@@ -4,7 +4,8 @@
 
 static_assert(sizeof(OGLFog) == 48);
 
-OGLFog::OGLFog(float red, float green, float blue, float alpha) : OGLColor(red, green, blue, alpha), mode(GL_LINEAR) {}
+OGLFog::OGLFog(float newRed, float newGreen, float newBlue, float newAlpha)
+    : OGLColor(newRed, newGreen, newBlue, newAlpha), mode(GL_LINEAR) {}
 
 void OGLFog::SetLinearMode() { mode = GL_LINEAR; }
 void OGLFog::SetExpMode() { mode = GL_EXP2; }

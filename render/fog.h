@@ -7,7 +7,7 @@
 class OGLFog : public OGLColor {
  public:
   // Linear, density 0.01. OpenGL ignores the alpha.
-  OGLFog(float red, float green, float blue, float alpha);
+  OGLFog(float newRed, float newGreen, float newBlue, float newAlpha);
   ~OGLFog() override = default;
 
   // Of the exponential mode. Nothing is checked; OpenGL rejects negative ones.

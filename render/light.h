@@ -10,9 +10,9 @@
 // One colour of the light: which light parameter it is sent as.
 class OGLLightColor : public OGLColor {
  public:
-  // parameter: GL_AMBIENT, GL_DIFFUSE or GL_SPECULAR.
-  OGLLightColor(unsigned parameter, float red, float green, float blue, float alpha)
-      : OGLColor(red, green, blue, alpha), parameter(parameter) {}
+  // newParameter: GL_AMBIENT, GL_DIFFUSE or GL_SPECULAR.
+  OGLLightColor(unsigned newParameter, float newRed, float newGreen, float newBlue, float newAlpha)
+      : OGLColor(newRed, newGreen, newBlue, newAlpha), parameter(newParameter) {}
   ~OGLLightColor() override = default;
 
   // Replaces everything.

@@ -5,7 +5,7 @@
 struct OGLPoint {
   // The origin.
   OGLPoint() = default;
-  OGLPoint(float x, float y, float z, float w) : x(x), y(y), z(z), w(w) {}
+  OGLPoint(float newX, float newY, float newZ, float newW) : x(newX), y(newY), z(newZ), w(newW) {}
 
   void Set(float newX, float newY, float newZ, float newW) { *this = OGLPoint(newX, newY, newZ, newW); }
   // Scales x, y, z to length 1 and sets w to 1. A zero direction becomes (1, 0, 0).
@@ -21,7 +21,8 @@ struct OGLPoint {
 // left, top, right, bottom, stored as left, right, top, bottom.
 struct OGLRect {
   OGLRect() = default;
-  OGLRect(float left, float top, float right, float bottom) : left(left), right(right), top(top), bottom(bottom) {}
+  OGLRect(float newLeft, float newTop, float newRight, float newBottom)
+      : left(newLeft), right(newRight), top(newTop), bottom(newBottom) {}
 
   void Set(float newLeft, float newTop, float newRight, float newBottom) {
     *this = OGLRect(newLeft, newTop, newRight, newBottom);
@@ -38,8 +39,8 @@ struct OGLRect {
 // A viewing frustum: its rectangle on the near plane, and the distances of the near and far planes from the eye. Given
 // in the order in which it is stored: left, right, top, bottom, near, far.
 struct OGLFrustum : OGLRect {
-  OGLFrustum(float left, float right, float top, float bottom, float zNear, float zFar)
-      : OGLRect(left, top, right, bottom), zNear(zNear), zFar(zFar) {}
+  OGLFrustum(float newLeft, float newRight, float newTop, float newBottom, float newNear, float newFar)
+      : OGLRect(newLeft, newTop, newRight, newBottom), zNear(newNear), zFar(newFar) {}
 
   void Set(float newLeft, float newRight, float newTop, float newBottom, float newNear, float newFar) {
     *this = OGLFrustum(newLeft, newRight, newTop, newBottom, newNear, newFar);
