@@ -48,11 +48,11 @@ std::vector<Variable> Arguments::For(const devhost::Signature& signature) {
 
 Variable Arguments::Of(const devhost::Parameter& parameter) {
   switch (parameter.kind) {
-    case devhost::ParameterKind::kNumber:
+    case devhost::ParameterKind::Number:
       return AnyNumber();
-    case devhost::ParameterKind::kInt:
+    case devhost::ParameterKind::Int:
       return AnyInteger();
-    case devhost::ParameterKind::kBoolean:
+    case devhost::ParameterKind::Boolean:
       return Variable(random.Integer());
     default:
       return Object(parameter.className);

@@ -33,18 +33,18 @@ void AddMethod(Method method) {
 
 bool Accepts(const Parameter& parameter, const Variable& argument, const Class& type) {
   switch (parameter.kind) {
-    case ParameterKind::kNumber:
-    case ParameterKind::kInt:
-    case ParameterKind::kBoolean:
+    case ParameterKind::Number:
+    case ParameterKind::Int:
+    case ParameterKind::Boolean:
       return IsNumeric(argument);
-    case ParameterKind::kReference:
-    case ParameterKind::kValue: {
+    case ParameterKind::Reference:
+    case ParameterKind::Value: {
       const Class* argumentClass = ClassOf(argument);
       return argumentClass && argumentClass->name == parameter.className;
     }
-    case ParameterKind::kCopy:
+    case ParameterKind::Copy:
       return ClassOf(argument) == &type;
-    case ParameterKind::kAny:
+    case ParameterKind::Any:
       break;
   }
   return true;

@@ -33,18 +33,18 @@ bool ParseObject(std::string_view text, std::string_view prefix, ParameterKind k
 
 bool ParseParameter(std::string_view text, Parameter& parameter) {
   if (text == "number") {
-    parameter = {ParameterKind::kNumber, {}};
+    parameter = {ParameterKind::Number, {}};
   } else if (text == "int") {
-    parameter = {ParameterKind::kInt, {}};
+    parameter = {ParameterKind::Int, {}};
   } else if (text == "boolean") {
-    parameter = {ParameterKind::kBoolean, {}};
+    parameter = {ParameterKind::Boolean, {}};
   } else if (text == "copy") {
-    parameter = {ParameterKind::kCopy, {}};
+    parameter = {ParameterKind::Copy, {}};
   } else if (text == "any") {
-    parameter = {ParameterKind::kAny, {}};
+    parameter = {ParameterKind::Any, {}};
   } else {
-    return ParseObject(text, kReferencePrefix, ParameterKind::kReference, parameter) ||
-           ParseObject(text, kValuePrefix, ParameterKind::kValue, parameter);
+    return ParseObject(text, kReferencePrefix, ParameterKind::Reference, parameter) ||
+           ParseObject(text, kValuePrefix, ParameterKind::Value, parameter);
   }
   return true;
 }
@@ -95,7 +95,7 @@ bool ParseParameters(std::string_view list, Signature& signature, std::string& f
 // What holds for a whole row: "copy" stands alone in a constructor, and a destructor takes nothing.
 bool CheckRow(const Signature& signature, std::string& fault) {
   const bool copies = std::any_of(signature.parameters.begin(), signature.parameters.end(),
-                                  [](const Parameter& p) { return p.kind == ParameterKind::kCopy; });
+                                  [](const Parameter& p) { return p.kind == ParameterKind::Copy; });
   const bool isConstructor = !signature.className.empty() && signature.method == signature.className;
   if (copies && (!isConstructor || signature.parameters.size() != 1 || signature.hasRest)) {
     fault = "\"copy\" is the only parameter of a constructor";
@@ -122,18 +122,18 @@ bool ParseSignature(std::string_view text, Signature& signature, std::string& fa
 
 std::string ParameterText(const Parameter& parameter) {
   switch (parameter.kind) {
-    case ParameterKind::kNumber:
+    case ParameterKind::Number:
       return "number";
-    case ParameterKind::kInt:
+    case ParameterKind::Int:
       return "int";
-    case ParameterKind::kBoolean:
+    case ParameterKind::Boolean:
       return "boolean";
-    case ParameterKind::kCopy:
+    case ParameterKind::Copy:
       return "copy";
-    case ParameterKind::kAny:
+    case ParameterKind::Any:
       return "any";
-    case ParameterKind::kReference:
-    case ParameterKind::kValue:
+    case ParameterKind::Reference:
+    case ParameterKind::Value:
       break;
   }
   return parameter.className;

@@ -8,13 +8,13 @@
 namespace devhost {
 
 enum class ParameterKind {
-  kNumber,     // "number"
-  kInt,        // "int"
-  kBoolean,    // "boolean"
-  kReference,  // "refer object X"
-  kValue,      // "object X"
-  kCopy,       // "copy": an object of the same class
-  kAny,        // "any": a value of any kind; an extension for the host's own classes
+  Number,     // "number"
+  Int,        // "int"
+  Boolean,    // "boolean"
+  Reference,  // "refer object X"
+  Value,      // "object X"
+  Copy,       // "copy": an object of the same class
+  Any,        // "any": a value of any kind; an extension for the host's own classes
 };
 
 struct Parameter {

@@ -29,19 +29,19 @@ TEST(DevhostSignatureTest, ReadsClassMethodAndParameters) {
   EXPECT_EQ(signature.className, "TOpenGL");
   EXPECT_EQ(signature.method, "Sphere");
   ASSERT_EQ(signature.parameters.size(), 3u);
-  EXPECT_EQ(signature.parameters[0].kind, ParameterKind::kReference);
+  EXPECT_EQ(signature.parameters[0].kind, ParameterKind::Reference);
   EXPECT_EQ(signature.parameters[0].className, "POINT3");
-  EXPECT_EQ(signature.parameters[1].kind, ParameterKind::kNumber);
-  EXPECT_EQ(signature.parameters[2].kind, ParameterKind::kInt);
+  EXPECT_EQ(signature.parameters[1].kind, ParameterKind::Number);
+  EXPECT_EQ(signature.parameters[2].kind, ParameterKind::Int);
   EXPECT_FALSE(signature.hasRest);
 }
 
 TEST(DevhostSignatureTest, ReadsEveryParameterKind) {
   EXPECT_TRUE(Parsed("C::M(void)").parameters.empty());
-  EXPECT_EQ(Parsed("C::M(boolean)").parameters[0].kind, ParameterKind::kBoolean);
-  EXPECT_EQ(Parsed("C::M(object Matrix)").parameters[0].kind, ParameterKind::kValue);
-  EXPECT_EQ(Parsed("C::C(copy)").parameters[0].kind, ParameterKind::kCopy);
-  EXPECT_EQ(Parsed("C::M(any)").parameters[0].kind, ParameterKind::kAny);
+  EXPECT_EQ(Parsed("C::M(boolean)").parameters[0].kind, ParameterKind::Boolean);
+  EXPECT_EQ(Parsed("C::M(object Matrix)").parameters[0].kind, ParameterKind::Value);
+  EXPECT_EQ(Parsed("C::C(copy)").parameters[0].kind, ParameterKind::Copy);
+  EXPECT_EQ(Parsed("C::M(any)").parameters[0].kind, ParameterKind::Any);
   EXPECT_TRUE(Parsed("C::M(number, ...)").hasRest);
   EXPECT_TRUE(Parsed("C::M(...)").hasRest);
 }

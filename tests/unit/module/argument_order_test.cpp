@@ -31,13 +31,13 @@ Texts FirstReads(const std::vector<recorder::Call>& calls) {
 // How the host is asked for an argument.
 std::string ReadOf(const devhost::Signature& signature, const devhost::Parameter& parameter) {
   switch (parameter.kind) {
-    case devhost::ParameterKind::kNumber:
+    case devhost::ParameterKind::Number:
       return "float()";
-    case devhost::ParameterKind::kInt:
+    case devhost::ParameterKind::Int:
       return "int()";
-    case devhost::ParameterKind::kBoolean:
+    case devhost::ParameterKind::Boolean:
       return "IsTrue()";
-    case devhost::ParameterKind::kCopy:
+    case devhost::ParameterKind::Copy:
       return "GetAssID()";
     default:
       break;

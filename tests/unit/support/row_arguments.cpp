@@ -48,7 +48,7 @@ std::vector<Variable> ArgumentsOf(const devhost::Signature& signature) {
   auto vector = vectors.begin();
   std::vector<Variable> args;
   for (const devhost::Parameter& parameter : signature.parameters) {
-    const bool object = !parameter.className.empty() || parameter.kind == devhost::ParameterKind::kCopy;
+    const bool object = !parameter.className.empty() || parameter.kind == devhost::ParameterKind::Copy;
     if (!object) {
       args.push_back(Value(5));
     } else if (parameter.className == "Vector") {
