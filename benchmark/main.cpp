@@ -4,6 +4,7 @@
 
 #include "benchmark/platform.h"
 #include "benchmark/rows.h"
+#include "devhost/classes/register_classes.h"
 #include "devhost/runtime/runtime.h"
 #include "module/exports.h"
 #include "tests/unit/support/values.h"

@@ -1,3 +1,5 @@
+#include "devhost/classes/register_classes.h"
+
 #include "devhost/classes/tables.h"
 
 namespace devhost {

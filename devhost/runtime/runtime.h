@@ -149,7 +149,4 @@ std::string ProbeOpenGl(const Module& module);
 // Returns how many those were.
 int UnloadModules();
 
-// Registers the host's own classes and functions (once).
-void RegisterHostClasses();
-
 }  // namespace devhost

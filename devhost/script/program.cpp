@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "devhost/classes/register_classes.h"
 #include "devhost/data/files.h"
 #include "devhost/runtime/runtime.h"
 #include "devhost/script/command_line.h"

@@ -1,6 +1,7 @@
 // Who computes for scripts: the host, or what a module exports.
 #include <string>
 
+#include "devhost/classes/register_classes.h"
 #include "devhost/runtime/computations.h"
 #include "tests/unit/support/script_runner.h"
 #include "value/arithmetic.h"

@@ -1,4 +1,5 @@
 // Values, operators and built-in functions of the script language.
+#include "devhost/classes/register_classes.h"
 #include "tests/unit/support/script_runner.h"
 
 namespace {

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "devhost/classes/register_classes.h"
 #include "devhost/runtime/access.h"
 #include "devhost/runtime/runtime.h"
 #include "tests/unit/support/values.h"

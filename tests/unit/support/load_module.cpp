@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "classes/gl.h"
+#include "devhost/classes/register_classes.h"
 #include "module/exports.h"
 #include "tests/unit/support/fake_device.h"
 
