@@ -77,9 +77,9 @@ void Wait(double seconds) {
 int GdiHandleCount() { return 0; }  // there are none outside Windows
 #endif
 
-const double startTime = Now();
+const double kStartTime = Now();
 
-void Seconds(VarRegister& result, VarRegister*, int, Processor*) { result.GetVar() = Now() - startTime; }
+void Seconds(VarRegister& result, VarRegister*, int, Processor*) { result.GetVar() = Now() - kStartTime; }
 
 // Windows are not answered meanwhile: their Pump waits and answers.
 void SleepFor(VarRegister&, VarRegister* args, int, Processor*) {
