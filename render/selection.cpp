@@ -10,6 +10,7 @@ void TOpenGL::PopName() const { glPopName(); }
 void TOpenGL::LoadName(int name) const { glLoadName(static_cast<GLuint>(name)); }
 
 void TOpenGL::BeginSelection(int x, int y, int width, int height) {
+  hasSelected = true;
   glSelectBuffer(static_cast<GLsizei>(selectBuffer.size()), selectBuffer.data());
   glRenderMode(GL_SELECT);
   GLint current[4] = {};
@@ -39,10 +40,10 @@ std::optional<int> TOpenGL::EndSelection() {
   return glRenderMode(GL_RENDER);
 }
 
-// Before the renderer goes, or OpenGL would write hits into memory that is no longer there. Another renderer's
-// selection goes on.
+// Before the renderer goes, or OpenGL would write hits into memory that is no longer there. The counter does not tell: a
+// selection that was ended while its context was not current goes on there. Another renderer's selection goes on too.
 void TOpenGL::TakeBackSelectBuffer() const {
-  if (nameDepth == 0) return;
+  if (!hasSelected) return;
   void* buffer = nullptr;
   glGetPointerv(GL_SELECTION_BUFFER_POINTER, &buffer);
   if (buffer == selectBuffer.data()) glRenderMode(GL_RENDER);

@@ -351,6 +351,8 @@ class TOpenGL : public TalqAss {
   Flag useAccelerator = kOff;
   // Of the last open; BindMDC asks for the same.
   unsigned pixelFormatFlags = 0;
+  // Whether OpenGL was ever given the select buffer.
+  bool hasSelected = false;
 };
 
 template <>

@@ -159,7 +159,7 @@ TEST_F(SelectionTest, TheCountSurvivesAClose) {
   recorder::Get().balance.matrixDepth.clear();
 }
 
-// What the end of a renderer asks of OpenGL while selections of its own are counted.
+// What the end of a renderer that has selected asks of OpenGL.
 constexpr char kAsked[] = "glGetPointerv(GL_SELECTION_BUFFER_POINTER)\n";
 constexpr char kEnded[] = "glGetPointerv(GL_SELECTION_BUFFER_POINTER)\nglRenderMode(GL_RENDER)\n";
 
@@ -202,10 +202,25 @@ TEST_F(SelectionTest, ItFindsItsSelectionInTheContextThatClosingBringsBack) {
   ForgetUnended();
 }
 
+// Ended by the counter, but not in the context that was not current then.
+TEST_F(SelectionTest, ItFindsASelectionThatEndedInAnotherContext) {
+  Variable open = OpenRenderer();
+  Variable renderer = NewRenderer();
+  Call(renderer, "BeginSelection", 1, 1, 4, 4);
+  Call(open, "FreeMDC");
+  Call(renderer, "EndSelection");
+  Call(open, "BindMDC", NewObject("MDC"));
+  EXPECT_TRUE(recorder::Get().CurrentSelection()->isOn);
+  TakeLog();
+  Call(renderer, "~TOpenGL");
+  EXPECT_EQ(TakeLog(), kEnded);
+  EXPECT_FALSE(recorder::Get().CurrentSelection()->isOn);
+  Call(open, "Close");
+  ForgetUnended();
+}
+
 TEST_F(SelectionTest, WithoutASelectionNothingIsAsked) {
   Variable renderer = OpenRenderer();
-  Call(renderer, "BeginSelection", 1, 1, 4, 4);
-  Call(renderer, "EndSelection");
   TakeLog();
   Call(renderer, "~TOpenGL");
   const std::string log = TakeLog();
