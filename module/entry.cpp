@@ -19,8 +19,6 @@ extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID /*reserv
 
 HINSTANCE__* TalqSystemGetLibInst() { return moduleInstance; }
 
-char* WriteVersionText(char* buffer, unsigned length) {
-  return std::strncpy(buffer, kVersionText, length);
-}
+char* WriteVersionText(char* buffer, unsigned length) { return std::strncpy(buffer, kVersionText, length); }
 
 void DoNothing(void* /*unused*/) {}

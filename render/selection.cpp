@@ -40,8 +40,8 @@ std::optional<int> TOpenGL::EndSelection() {
   return glRenderMode(GL_RENDER);
 }
 
-// Before the renderer goes, or OpenGL would write hits into memory that is no longer there. The counter does not tell: a
-// selection that was ended while its context was not current goes on there. Another renderer's selection goes on too.
+// Before the renderer goes, or OpenGL would write hits into memory that is no longer there. The counter does not tell:
+// a selection that was ended while its context was not current goes on there. Another renderer's selection goes on too.
 void TOpenGL::TakeBackSelectBuffer() const {
   if (!hasSelected) return;
   void* buffer = nullptr;

@@ -8,8 +8,8 @@
 
 namespace devhost {
 
-// Three numbers a corner. Where the file has no normal, the corner takes its vertex's own, the sum of the normals of the
-// faces around it, each as long as its face is large, brought to length 1.
+// Three numbers a corner. Where the file has no normal, the corner takes its vertex's own, the sum of the normals of
+// the faces around it, each as long as its face is large, brought to length 1.
 struct MeshTriangles {
   std::vector<float> points;
   std::vector<float> normals;

@@ -1,12 +1,11 @@
 #include "devhost/probe/probe_format_windows.h"
 
-#include "devhost/probe/gl_library_windows.h"
+#include <GL/gl.h>
+
 #include "devhost/runtime/text.h"
 
 namespace devhost {
 namespace {
-
-constexpr const char* kGl = "opengl32.dll";
 
 std::string Failed(const char* function) {
   const auto code = static_cast<long long>(GetLastError());
@@ -32,13 +31,13 @@ std::string DescribeFormat(HDC device, int index) {
 // Needs a current context.
 std::string DescribeContext() {
   const auto text = [](GLenum name) {
-    const auto* found = reinterpret_cast<const char*>(GL_CALL(kGl, glGetString)(name));
+    const auto* found = reinterpret_cast<const char*>(glGetString(name));
     return std::string(found ? found : "unknown");
   };
   GLint viewport[2] = {};
   GLint texture = 0;
-  GL_CALL(kGl, glGetIntegerv)(GL_MAX_VIEWPORT_DIMS, viewport);
-  GL_CALL(kGl, glGetIntegerv)(GL_MAX_TEXTURE_SIZE, &texture);
+  glGetIntegerv(GL_MAX_VIEWPORT_DIMS, viewport);
+  glGetIntegerv(GL_MAX_TEXTURE_SIZE, &texture);
   return "    vendor:   " + text(GL_VENDOR) + "\n    renderer: " + text(GL_RENDERER) +
          "\n    version:  " + text(GL_VERSION) + "\n    at most:  viewport " + Decimal(viewport[0]) + " x " +
          Decimal(viewport[1]) + ", texture " + Decimal(texture) + "\n";
@@ -51,15 +50,15 @@ std::string TryFormat(HDC device, const PIXELFORMATDESCRIPTOR& asked) {
   if (!index) return Failed("ChoosePixelFormat");
   std::string report = DescribeFormat(device, index);
   if (!SetPixelFormat(device, index, &asked)) return report + Failed("SetPixelFormat");
-  const HGLRC context = GL_CALL(kGl, wglCreateContext)(device);
+  const HGLRC context = wglCreateContext(device);
   if (!context) return report + Failed("wglCreateContext");
-  if (GL_CALL(kGl, wglMakeCurrent)(device, context)) {
+  if (wglMakeCurrent(device, context)) {
     report += "    can be made current\n" + DescribeContext();
-    GL_CALL(kGl, wglMakeCurrent)(nullptr, nullptr);
+    wglMakeCurrent(nullptr, nullptr);
   } else {
     report += Failed("wglMakeCurrent");
   }
-  GL_CALL(kGl, wglDeleteContext)(context);
+  wglDeleteContext(context);
   return report;
 }
 

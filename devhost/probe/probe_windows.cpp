@@ -1,10 +1,12 @@
 // The report of `talq --probe`: what a module's renderer gets in each way to open it, and the machine around it.
 #include <windows.h>
 
+#include <GL/gl.h>
+#include <GL/glu.h>
+
 #include <array>
 
 #include "devhost/gl_trace/format.h"
-#include "devhost/probe/gl_library_windows.h"
 #include "devhost/probe/probe_device_windows.h"
 #include "devhost/probe/probe_format_windows.h"
 #include "devhost/runtime/imports.h"
@@ -96,17 +98,29 @@ std::string Probe(const Opening& opening) {
   return report;
 }
 
-// Windows' own number, or Wine's name and number beside it.
+// A library's function; null where it has none of this name.
+template <class F>
+F* LibraryFunction(const wchar_t* library, const char* name) {
+  const HMODULE handle = LoadLibraryW(library);
+  return handle ? reinterpret_cast<F*>(reinterpret_cast<void*>(GetProcAddress(handle, name))) : nullptr;
+}
+
+// Windows' own number, and Wine's beside it.
 std::string DescribeSystem() {
   OSVERSIONINFOW version{};
   version.dwOSVersionInfoSize = sizeof version;
-  using GetVersionFunction = LONG WINAPI(OSVERSIONINFOW*);
-  using WineVersionFunction = const char* CDECL();
-  if (auto* getVersion = LibraryFunction<GetVersionFunction>("ntdll.dll", "RtlGetVersion")) getVersion(&version);
+  if (auto* getVersion = LibraryFunction<LONG WINAPI(OSVERSIONINFOW*)>(L"ntdll.dll", "RtlGetVersion")) {
+    getVersion(&version);
+  }
   std::string text = "Windows " + Decimal(version.dwMajorVersion) + "." + Decimal(version.dwMinorVersion) + "." +
                      Decimal(version.dwBuildNumber);
-  auto* wineVersion = LibraryFunction<WineVersionFunction>("ntdll.dll", "wine_get_version");
+  auto* wineVersion = LibraryFunction<const char * CDECL()>(L"ntdll.dll", "wine_get_version");
   return wineVersion ? text + " (Wine " + wineVersion() + ")" : text;
+}
+
+std::string DescribeGlu() {
+  auto* getText = LibraryFunction<decltype(gluGetString)>(L"glu32.dll", "gluGetString");
+  return getText ? reinterpret_cast<const char*>(getText(GLU_VERSION)) : "there is none";
 }
 
 }  // namespace
@@ -115,11 +129,10 @@ std::string ProbeOpenGl(const Module& module) {
   for (const Import& import : ImportsOf(module.handle)) {
     if (import.function == "ChoosePixelFormat") Redirect(import, reinterpret_cast<void*>(NoteAndChoose));
   }
-  const auto* glu = reinterpret_cast<const char*>(GL_CALL("glu32.dll", gluGetString)(GLU_VERSION));
   std::string report = "module:     " + module.version + "\nsystem:     " + DescribeSystem() + "\ncode pages: ANSI " +
                        Decimal(GetACP()) + ", OEM " + Decimal(GetOEMCP()) + ", console input " +
                        Decimal(GetConsoleCP()) + ", console output " + Decimal(GetConsoleOutputCP()) +
-                       "\nGLU:        " + (glu ? glu : "unknown") + "\nrenderers:\n";
+                       "\nGLU:        " + DescribeGlu() + "\nrenderers:\n";
   for (const Opening& opening : kOpenings) report += Probe(opening);
   return report;
 }
