@@ -122,5 +122,8 @@ def test_chart_is_turned_in_a_window_until_escape(desktop, tmp_path):
         wait_for(lambda: re.fullmatch(r"A title - \d+ frames a second", window.title()), "the count of frames")
         window.drag([(400, 300), (500, 320)])
         window.wait_until(lambda picture: (picture != first).any(axis=2).mean() > 0.1)
+        # The title of the chart stays in the upper left corner.
+        window.resize(500, 350)
+        window.wait_until(lambda picture: (picture[28:42, 28:70].min(axis=2) < 100).sum() > 50)
         window.key("Escape")
     assert window.exit_code == 0, window.shown()
