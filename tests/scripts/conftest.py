@@ -114,9 +114,9 @@ def read_text(file):
     return file.read().decode().replace("\r\n", "\n")
 
 
-@pytest.fixture(scope="session")
-def display():
-    """A virtual X display with a window manager that lives as long as the tests."""
+@contextlib.contextmanager
+def virtual_display():
+    """A virtual X display with a window manager."""
     read_end, write_end = os.pipe()
     server = subprocess.Popen(
         ["Xvfb", "-displayfd", str(write_end), "-screen", "0", "1024x768x24", "+extension", "GLX", "-nolisten", "tcp"],
@@ -133,6 +133,13 @@ def display():
     subprocess.run([WINE_SERVER, "-w"], env=wine_environment(f":{number}"))
     server.terminate()
     server.wait()
+
+
+@pytest.fixture(scope="session")
+def display():
+    """A virtual X display that lives as long as the tests."""
+    with virtual_display() as name:
+        yield name
 
 
 @pytest.fixture

@@ -11,6 +11,10 @@ PICTURES = EXAMPLES / "pictures"
 
 # Scripts that leave a picture of their own name; the others are included by these.
 SCRIPTS = sorted(path.stem for path in EXAMPLES.glob("*.talq") if f'"out/{path.stem}.png"' in path.read_text())
+# Scripts that show a window until their user ends them.
+INTERACTIVE = sorted(
+    path.stem for path in EXAMPLES.glob("*.talq") if "->Pump(" in re.sub(r"//.*", "", path.read_text())
+)
 # Volumes are drawn by a program: no script can make one.
 NAMES = sorted([*SCRIPTS, "volume"])
 

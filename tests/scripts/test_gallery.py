@@ -112,8 +112,8 @@ def test_page_shows_every_picture_once():
 
 
 def sections():
-    """Of each section: the picture's name, the path of what makes it, and the lines that are quoted."""
-    for text in PAGE.read_text().split("\n## ")[1:]:
+    """Of each picture's section: its name, the path of what makes it, and the lines that are quoted."""
+    for text in PAGE.read_text().split("\n## In a window\n")[0].split("\n## ")[1:]:
         (name,) = re.findall(r"pictures/(.+?)\.png", text)
         (path,) = re.findall(r"^(?:Script|Program): \[.+\]\((.+)\)\.$", text, re.MULTILINE)
         yield name, (PAGE.parent / path).resolve(), "".join(re.findall(r"```\n(.*?)```", text, re.DOTALL)).splitlines()
