@@ -1,4 +1,6 @@
 // MDC's methods for what a window's user does: Pump, mouse, keys, size. Only Windows has them.
+#include <cstdio>
+
 #include "devhost/classes/mdc.h"
 #include "devhost/runtime/text.h"
 #include "devhost/runtime/wide_text.h"
@@ -22,11 +24,17 @@ const InputMoment* MomentOf(VarRegister* args, int argc) {
   return window ? &window->Moment() : nullptr;
 }
 
+// What a row of Pump ends with. What the script has printed is seen while its window lives.
+void FinishPump(VarRegister& result, const Window& window) {
+  std::fflush(stdout);
+  result.SetBool(window.IsOpen());
+}
+
 void Pump(VarRegister& result, VarRegister* args, int argc, Processor*) {
   Window* window = WindowOf(args, argc);
   if (!window) return;
   window->Pump();
-  result.SetBool(window->IsOpen());
+  FinishPump(result, *window);
 }
 
 void PumpFrame(VarRegister& result, VarRegister* args, int argc, Processor*) {
@@ -39,7 +47,7 @@ void PumpFrame(VarRegister& result, VarRegister* args, int argc, Processor*) {
     return;
   }
   window->Pump(framesPerSecond);
-  result.SetBool(window->IsOpen());
+  FinishPump(result, *window);
 }
 
 void SetTitle(VarRegister&, VarRegister* args, int argc, Processor*) {

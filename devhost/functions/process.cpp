@@ -15,19 +15,12 @@
 #include <algorithm>
 
 #include "devhost/classes/tables.h"
+#include "devhost/runtime/clock.h"
 
 namespace devhost {
 namespace {
 
 #ifdef _WIN32
-double Now() {
-  LARGE_INTEGER frequency;
-  LARGE_INTEGER ticks;
-  QueryPerformanceFrequency(&frequency);
-  QueryPerformanceCounter(&ticks);
-  return static_cast<double>(ticks.QuadPart) / static_cast<double>(frequency.QuadPart);
-}
-
 long long PrivateBytes() {
   PROCESS_MEMORY_COUNTERS counters{};
   K32GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters);
@@ -51,12 +44,6 @@ int GdiHandleCount() {
   return count;
 }
 #else
-double Now() {
-  timespec now{};
-  clock_gettime(CLOCK_MONOTONIC, &now);
-  return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
-}
-
 long long PrivateBytes() {
   long long pages = 0;
   if (std::FILE* status = std::fopen("/proc/self/statm", "r")) {

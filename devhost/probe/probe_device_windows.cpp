@@ -1,18 +1,13 @@
 #include "devhost/probe/probe_device_windows.h"
 
+#include "devhost/data/frame_bitmap.h"
+
 namespace devhost {
 
 void ProbeDevice::OpenBitmap(WORD bits) {
-  BITMAPINFO info{};
-  info.bmiHeader.biSize = sizeof info.bmiHeader;
-  info.bmiHeader.biWidth = kProbeSide;
-  info.bmiHeader.biHeight = kProbeSide;
-  info.bmiHeader.biPlanes = 1;
-  info.bmiHeader.biBitCount = bits;
-  info.bmiHeader.biCompression = BI_RGB;
   void* memory = nullptr;
   device = CreateCompatibleDC(nullptr);
-  bitmap = CreateDIBSection(device, &info, DIB_RGB_COLORS, &memory, nullptr, 0);
+  bitmap = CreateFrameBitmap(device, kProbeSide, kProbeSide, memory, bits);
   previousBitmap = SelectObject(device, bitmap);
 }
 

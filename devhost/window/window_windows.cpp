@@ -1,5 +1,6 @@
 #include "devhost/window/window.h"
 
+#include "devhost/runtime/clock.h"
 #include "devhost/runtime/wide_text.h"
 #include "devhost/window/window_input.h"
 
@@ -7,14 +8,6 @@ namespace devhost {
 namespace {
 
 constexpr const wchar_t* kClassName = L"TalqWindow";
-
-double Now() {
-  LARGE_INTEGER frequency;
-  LARGE_INTEGER ticks;
-  QueryPerformanceFrequency(&frequency);
-  QueryPerformanceCounter(&ticks);
-  return static_cast<double>(ticks.QuadPart) / static_cast<double>(frequency.QuadPart);
-}
 
 // A window's format can be set once: what a module asks for later, without depth, changes nothing.
 bool SetFormat(HDC device, bool isDoubleBuffered) {

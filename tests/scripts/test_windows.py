@@ -8,6 +8,8 @@ import time
 import numpy
 import pytest
 
+from desktop import wait_for
+
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 pytestmark = pytest.mark.xdist_group("window")
 
@@ -274,6 +276,14 @@ def test_frames_come_at_their_pace_while_the_window_answers(desktop):
 
     (line,) = record(desktop, report, act)
     assert 0.95 < float(line) < 3
+
+
+def test_what_is_printed_is_seen_while_the_window_lives(desktop):
+    script = 'w = new MDC(60, 40, "w"); Print("here"); while (w->Pump(30)) { }'
+    with desktop.start(script) as window:
+        wait_for(lambda: (desktop.folder / "stdout").read_bytes(), "a line of the script")
+        window.close()
+    assert window.exit_code == 0, window.shown()
 
 
 def test_a_window_and_a_bitmap_do_not_mix(talq):
