@@ -27,6 +27,7 @@ import PIL.ImageGrab
 TIME_LIMIT = 60  # seconds, for whatever a test waits for
 BUTTONS = {"left": 1, "middle": 2, "right": 3}
 WHEEL_UP, WHEEL_DOWN = 4, 5
+MOMENT = 0.1  # seconds, in which a script that asks often takes a button's event by itself, also on a busy machine
 
 
 def wait_for(condition, what):
@@ -146,9 +147,11 @@ class UserWindow:
 
     def press(self, button="left"):
         self._do("mousedown", BUTTONS[button])
+        time.sleep(MOMENT)
 
     def release(self, button="left"):
         self._do("mouseup", BUTTONS[button])
+        time.sleep(MOMENT)
 
     def click(self, x, y, button="left"):
         self.move(x, y)
