@@ -7,6 +7,7 @@ import numpy
 import pytest
 
 import gallery
+from camera import project
 
 of_picking = pytest.mark.xdist_group("example picking")
 of_plot = pytest.mark.xdist_group("example plot")
@@ -17,17 +18,6 @@ def read_scene(run, name):
     """The printed lines, the scene's values and the picture."""
     *lines, values = run.stdout.splitlines()
     return lines, json.loads(values), run.pictures[name].astype(int)
-
-
-def project(points, eye, centre, view):
-    """Pixel coordinates from the upper left corner, and how many pixels a unit length has there."""
-    field, width, height = view
-    back = numpy.subtract(eye, centre) / numpy.linalg.norm(numpy.subtract(eye, centre))
-    side = numpy.cross([0, 1, 0], back)
-    side /= numpy.linalg.norm(side)
-    seen = numpy.subtract(points, eye) @ numpy.array([side, numpy.cross(back, side), back]).T
-    scale = height / 2 / numpy.tan(numpy.radians(field) / 2) / -seen[:, 2]
-    return width / 2 + seen[:, 0] * scale, height / 2 - seen[:, 1] * scale, scale
 
 
 @pytest.fixture
