@@ -49,7 +49,7 @@ def after_clicks(lit, *cells):
 
 def starts(talq, seed, *levels):
     """The lit cells of levels that follow each other, as the game with the seed begins them."""
-    done = talq(RULES + f"seedRandom({seed});" + "".join(f"Print(StartOf({level}));" for level in levels) + "Print(cells);")
+    done = talq(RULES + f"SeedRandom({seed});" + "".join(f"Print(StartOf({level}));" for level in levels) + "Print(cells);")
     assert done.exit_code == 0, done.shown()
     *lit, cells = map(json.loads, done.stdout.splitlines())
     return [{tuple(cell) for cell, is_lit in zip(cells, row) if is_lit} for row in lit]
