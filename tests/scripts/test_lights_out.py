@@ -49,7 +49,8 @@ def after_clicks(lit, *cells):
 
 def starts(talq, seed, *levels):
     """The lit cells of levels that follow each other, as the game with the seed begins them."""
-    done = talq(RULES + f"SeedRandom({seed});" + "".join(f"Print(StartOf({level}));" for level in levels) + "Print(cells);")
+    prints = "".join(f"Print(StartOf({level}));" for level in levels)
+    done = talq(RULES + f"SeedRandom({seed}); {prints} Print(cells);")
     assert done.exit_code == 0, done.shown()
     *lit, cells = map(json.loads, done.stdout.splitlines())
     return [{tuple(cell) for cell, is_lit in zip(cells, row) if is_lit} for row in lit]
@@ -143,8 +144,11 @@ def test_clicks_switch_cells_and_r_restarts(desktop, talq):
         window.wait_until(shows(after_clicks(lit, middle, edge, corner)))
         window.click(*place_of(middle))
         window.wait_until(shows(after_clicks(lit, edge, corner)))
-        window.key("r")
-        window.wait_until(shows(lit))
+        for again in (edge, corner):
+            window.key("r")
+            window.wait_until(shows(lit))
+            window.click(*place_of(again))
+            window.wait_until(shows(after_clicks(lit, again)))
         window.close()
     assert window.exit_code == 0, window.shown()
 
