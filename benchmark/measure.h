@@ -3,7 +3,6 @@
 
 #include <functional>
 #include <string>
-#include <vector>
 
 // Work of the module against its floor: the least that any code has to do for it.
 struct Row {

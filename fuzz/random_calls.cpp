@@ -7,7 +7,6 @@
 #include <cstdlib>
 #include <cstring>
 #include <ctime>
-#include <memory>
 
 #include "devhost/runtime/payload.h"
 #include "devhost/runtime/runtime.h"

@@ -4,7 +4,6 @@
 #include <cstdlib>
 
 #include "devhost/script/parse.h"
-#include "devhost/script/program.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace devhost::script;

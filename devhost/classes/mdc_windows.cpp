@@ -19,13 +19,14 @@ int HeightOf(const Device& device) { return device.window ? device.window->Momen
 
 bool CheckSize(int width, int height) {
   if (width > 0 && height > 0 && width <= kMaxSide && height <= kMaxSide) return true;
-  Raise(kErrorConversion, "An MDC of " + Decimal(width) + " x " + Decimal(height) + " pixels cannot be made.");
+  Raise(kErrorConversion, "An MDC of " + Decimal(width) + " x " + Decimal(height) + " pixels cannot be made.",
+        "both sides go from 1 to " + Decimal(kMaxSide) + " pixels");
   return false;
 }
 
-void RaiseNothingGiven(const std::string& what, const char* hint = "") {
-  const std::string error = Decimal(static_cast<long long>(GetLastError()));
-  Raise(kErrorConversion, "The system gave no " + what + " (system error " + error + ").", hint);
+void RaiseNothingGiven(const char* what, DWORD systemError, const char* hint = "") {
+  const std::string number = Decimal(static_cast<long long>(systemError));
+  Raise(kErrorConversion, std::string("The system gave no ") + what + " (system error " + number + ").", hint);
 }
 
 void MakeBitmap(VarRegister&, VarRegister* args, int argc, Processor* processor) {
@@ -35,7 +36,7 @@ void MakeBitmap(VarRegister&, VarRegister* args, int argc, Processor* processor)
   if (device->bitmap->DeviceContext()) {
     JoinNative(args, argc, processor, std::move(device));
   } else {
-    RaiseNothingGiven("device context");
+    RaiseNothingGiven("device context", GetLastError());
   }
 }
 
@@ -46,8 +47,9 @@ void OpenWindow(VarRegister* args, int argc, Processor* processor, bool isDouble
   if (device->window) {
     JoinNative(args, argc, processor, std::move(device));
   } else {
+    const DWORD systemError = GetLastError();
     // Wine opens windows on a display alone, which ./run gives a script when it is asked for.
-    RaiseNothingGiven("window", RunsInWine() ? "scripts with windows run with ./run --window" : "");
+    RaiseNothingGiven("window", systemError, RunsInWine() ? "scripts with windows run with ./run --window" : "");
   }
 }
 

@@ -11,7 +11,9 @@ MemoryFrame::MemoryFrame(int frameWidth, int frameHeight)
   void* memory = nullptr;
   bitmap = CreateFrameBitmap(device, width, height, memory);
   if (!device || !bitmap) {
+    const DWORD error = GetLastError();
     Close();
+    SetLastError(error);
     return;
   }
   bits = static_cast<unsigned char*>(memory);

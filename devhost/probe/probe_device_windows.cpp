@@ -1,4 +1,4 @@
-#include "devhost/probe/probe_device_windows.h"
+#include "devhost/probe/probe_device.h"
 
 #include "devhost/data/frame_bitmap.h"
 
@@ -18,8 +18,8 @@ void ProbeDevice::OpenWindow() {
   description.hInstance = GetModuleHandleW(nullptr);
   description.lpszClassName = L"TalqProbe";
   RegisterClassW(&description);  // fails harmlessly when it is registered already
-  window = CreateWindowW(description.lpszClassName, L"", WS_POPUP, 0, 0, kProbeSide, kProbeSide, nullptr, nullptr,
-                         description.hInstance, nullptr);
+  window = CreateWindowW(description.lpszClassName, L"", WS_POPUP | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, 0, 0, kProbeSide,
+                         kProbeSide, nullptr, nullptr, description.hInstance, nullptr);
   if (window) device = GetDC(window);
 }
 

@@ -1,4 +1,4 @@
-#include "devhost/probe/probe_format_windows.h"
+#include "devhost/probe/probe_format.h"
 
 #include <GL/gl.h>
 

@@ -5,10 +5,13 @@
 #include <GL/glu.h>
 
 #include <array>
+#include <span>
+#include <string>
+#include <vector>
 
 #include "devhost/gl_trace/format.h"
-#include "devhost/probe/probe_device_windows.h"
-#include "devhost/probe/probe_format_windows.h"
+#include "devhost/probe/probe_device.h"
+#include "devhost/probe/probe_format.h"
 #include "devhost/runtime/imports.h"
 #include "devhost/runtime/runtime.h"
 #include "devhost/runtime/text.h"
@@ -16,12 +19,13 @@
 namespace devhost {
 namespace {
 
-// What the module asked for when it last chose a pixel format.
+// What the module asked for when it last chose a pixel format, and what it called for that.
 PIXELFORMATDESCRIPTOR asked;
+decltype(&ChoosePixelFormat) choose = nullptr;
 
 int WINAPI NoteAndChoose(HDC device, const PIXELFORMATDESCRIPTOR* descriptor) {
   asked = *descriptor;
-  return ChoosePixelFormat(device, descriptor);
+  return choose(device, descriptor);
 }
 
 // A way for a script to open a renderer.
@@ -42,8 +46,8 @@ constexpr Opening kOpenings[] = {
 
 // Opens the module's renderer as a script would, and closes it; false with an error raised.
 bool OpenRenderer(const Opening& opening) {
-  std::array<Variable, 2> objects;  // the renderer goes first
-  auto& [renderer, device] = objects;
+  Variable device;
+  Variable renderer;  // declared behind the device, so that it goes first
   std::vector<Variable> size(2);
   Assign(size[0], Variable(kProbeSide));
   Assign(size[1], Variable(kProbeSide));
@@ -127,7 +131,9 @@ std::string DescribeGlu() {
 
 std::string ProbeOpenGl(const Module& module) {
   for (const Import& import : ImportsOf(module.handle)) {
-    if (import.function == "ChoosePixelFormat") Redirect(import, reinterpret_cast<void*>(NoteAndChoose));
+    if (import.function != "ChoosePixelFormat") continue;
+    choose = reinterpret_cast<decltype(choose)>(*import.address);
+    Redirect(import, reinterpret_cast<void*>(NoteAndChoose));
   }
   std::string report = "module:     " + module.version + "\nsystem:     " + DescribeSystem() + "\ncode pages: ANSI " +
                        Decimal(GetACP()) + ", OEM " + Decimal(GetOEMCP()) + ", console input " +

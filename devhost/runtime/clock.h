@@ -3,7 +3,7 @@
 
 namespace devhost {
 
-// Seconds on a clock that only goes forward; where it began, nobody knows.
+// Seconds on a clock that only goes forward; its zero means nothing.
 double Now();
 
 }  // namespace devhost

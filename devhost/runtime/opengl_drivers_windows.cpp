@@ -17,17 +17,12 @@ MakeCurrent makeCurrent = nullptr;  // the function itself
 
 bool IsBitmap(HDC device) { return GetObjectType(device) == OBJ_MEMDC; }
 
-// Gives what wglMakeCurrent gives; when it fails, what was current stays so.
+// As wglMakeCurrent of Windows, after whose failure no context is current.
 BOOL WINAPI MakeCurrentApart(HDC device, HGLRC context) {
   const HDC oldDevice = wglGetCurrentDC();
   if (!context || !oldDevice || IsBitmap(device) == IsBitmap(oldDevice)) return makeCurrent(device, context);
-  const HGLRC oldContext = wglGetCurrentContext();
   makeCurrent(nullptr, nullptr);
-  if (makeCurrent(device, context)) return TRUE;
-  const DWORD lastError = GetLastError();
-  makeCurrent(oldDevice, oldContext);
-  SetLastError(lastError);
-  return FALSE;
+  return makeCurrent(device, context);
 }
 
 }  // namespace

@@ -8,7 +8,8 @@
 namespace devhost {
 
 // What is not UTF-8, or not UTF-16, becomes U+FFFD: unpaired surrogates, sequences that are cut off or longer than
-// needed, stray bytes. A file whose name holds such a thing is therefore not found.
+// needed, stray bytes. A file whose name holds such a thing is not found, and one is written under
+// the name with U+FFFD.
 std::wstring WideText(std::string_view utf8);
 std::string Utf8Text(std::wstring_view wide);
 

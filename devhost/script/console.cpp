@@ -56,12 +56,12 @@ bool ReadConsoleLine(HANDLE console, std::string& line) {
 
 bool Read(std::FILE* input, std::string& line) {
   const HANDLE console = ConsoleOf(input);
-  return console != nullptr ? ReadConsoleLine(console, line) : ReadFileLine(input, line);
+  return console ? ReadConsoleLine(console, line) : ReadFileLine(input, line);
 }
 
 void Write(std::FILE* output, std::string_view text) {
   const HANDLE console = output == stdout ? outputConsole : errorConsole;
-  if (console == nullptr) {
+  if (!console) {
     WriteFileText(output, text);
   } else {
     const std::wstring wide = WideText(text);

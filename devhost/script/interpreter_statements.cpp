@@ -1,5 +1,4 @@
 // Effects of statements.
-#include <string>
 
 #include "devhost/script/console.h"
 #include "devhost/script/depth.h"

@@ -79,7 +79,7 @@ bool RunCommand(const CommandLine& commandLine) {
     Print(module ? DescribeModule(*module) : DescribeHost());
     return true;
   }
-  if (module != nullptr && commandLine.action == CommandLine::Action::Probe) {
+  if (module && commandLine.action == CommandLine::Action::Probe) {
     Print(ProbeOpenGl(*module));
     return true;
   }

@@ -1,7 +1,6 @@
 // Runs programs.
 #pragma once
 
-#include <memory>
 #include <span>
 #include <string>
 #include <vector>

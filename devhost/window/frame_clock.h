@@ -7,8 +7,8 @@ namespace devhost {
 
 class FrameClock {
  public:
-  // Counts the next frame and gives the time at which it is due, in the seconds of `now`: evenly spaced, or now for the
-  // first one and for one that is late by more than a frame.
+  // Counts the next frame and gives the time at which it is due, in the seconds of `now`: evenly spaced, or now when
+  // there is no frame before or it was due more than a frame ago.
   double NextFrame(double now, double framesPerSecond) {
     due = std::max(due + 1 / framesPerSecond, now);
     return due;

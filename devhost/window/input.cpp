@@ -57,9 +57,13 @@ void Input::ReleaseKey(std::size_t key) {
   if (key < kKeys) coming.keysDown.reset(key);
 }
 
-void Input::ReleaseAll() {
+void Input::ReleaseButtons() {
   coming.buttonsReleased |= coming.buttonsDown;
   coming.buttonsDown.reset();
+}
+
+void Input::ReleaseAll() {
+  ReleaseButtons();
   coming.keysDown.reset();
 }
 

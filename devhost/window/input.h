@@ -41,7 +41,8 @@ class Input {
   void Release(MouseButton button);
   void PressKey(std::size_t key);  // a key that repeats while it is held is pressed once
   void ReleaseKey(std::size_t key);
-  void ReleaseAll();
+  void ReleaseButtons();
+  void ReleaseAll();  // buttons and keys
   void TurnWheel(double notches);
   void Type(wchar_t character);  // control characters are no text
   void Resize(int width, int height);

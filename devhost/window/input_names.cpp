@@ -18,12 +18,11 @@ struct NamedKey {
 
 // Letters and digits have the numbers of their characters.
 constexpr NamedKey kNamedKeys[] = {
-    {"Left", 0x25},   {"Right", 0x27}, {"Up", 0x26},     {"Down", 0x28},    {"Space", 0x20},     {"Enter", 0x0D},
-    {"Escape", 0x1B}, {"Tab", 0x09},   {"Delete", 0x2E}, {"Home", 0x24},    {"Backspace", 0x08}, {"End", 0x23},
-    {"PageUp", 0x21}, {"Shift", 0x10}, {"Alt", 0x12},    {"Control", 0x11}, {"PageDown", 0x22},  {"F1", 0x70},
-    {"F2", 0x71},     {"F3", 0x72},    {"F4", 0x73},     {"F5", 0x74},      {"F6", 0x75},        {"F7", 0x76},
-    {"F8", 0x77},     {"F9", 0x78},    {"F10", 0x79},    {"F11", 0x7A},     {"F12", 0x7B},
-};
+    {"Left", 0x25},   {"Right", 0x27},    {"Up", 0x26},        {"Down", 0x28},    {"Space", 0x20}, {"Enter", 0x0D},
+    {"Escape", 0x1B}, {"Tab", 0x09},      {"Backspace", 0x08}, {"Delete", 0x2E},  {"Home", 0x24},  {"End", 0x23},
+    {"PageUp", 0x21}, {"PageDown", 0x22}, {"F1", 0x70},        {"F2", 0x71},      {"F3", 0x72},    {"F4", 0x73},
+    {"F5", 0x74},     {"F6", 0x75},       {"F7", 0x76},        {"F8", 0x77},      {"F9", 0x78},    {"F10", 0x79},
+    {"F11", 0x7A},    {"F12", 0x7B},      {"Shift", 0x10},     {"Control", 0x11}, {"Alt", 0x12}};
 
 // In the order of MouseButton.
 constexpr std::string_view kButtonNames[kMouseButtons] = {"left", "middle", "right"};

@@ -23,7 +23,7 @@ class Window {
   Window& operator=(const Window&) = delete;
   ~Window() { Close(); }
 
-  // The script's answer to the user, or its own wish. A context that is current on the window is so no longer.
+  // Destroys the window. A context that is current on it is so no longer.
   void Close();
   // False once it is closed, or its user asked for it.
   bool IsOpen() const { return window && !closeAsked; }
@@ -31,16 +31,16 @@ class Window {
   HDC DeviceContext() const { return device; }
   void SetTitle(std::string_view title);
 
-  // Answers the users of all the program's windows, and begins this window's next moment.
+  // Handles the pending messages of all the program's windows, and begins this window's next moment.
   void Pump();
-  // The same; waits, answering, until the next frame is due.
+  // The same, and goes on handling messages until the next frame is due.
   void Pump(double framesPerSecond);
   const InputMoment& Moment() const { return input.Moment(); }
 
  private:
   Window(HWND handle, SIZE size);
   static void RegisterClassOnce();
-  static LRESULT CALLBACK HandleMessage(HWND handle, UINT message, WPARAM wide, LPARAM param);
+  static LRESULT CALLBACK HandleMessage(HWND handle, UINT message, WPARAM wParam, LPARAM lParam);
   static void AnswerMessages();
 
   HWND window;

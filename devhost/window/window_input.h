@@ -8,6 +8,6 @@
 namespace devhost {
 
 // Takes what a message says of mouse, keys, focus and size. While a button is held, the window keeps the mouse.
-void TakeInput(Input& input, HWND window, UINT message, WPARAM wide, LPARAM param);
+void TakeInput(Input& input, HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
 }  // namespace devhost

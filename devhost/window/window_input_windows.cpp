@@ -19,7 +19,7 @@ void Release(Input& input, MouseButton button, LPARAM place) {
   if (!input.IsAnyButtonDown()) ReleaseCapture();
 }
 
-void TakeMouse(Input& input, HWND window, UINT message, WPARAM wide, LPARAM place) {
+void TakeMouse(Input& input, HWND window, UINT message, WPARAM wParam, LPARAM place) {
   switch (message) {
     case WM_MOUSEMOVE:
       MoveMouse(input, place);
@@ -43,7 +43,7 @@ void TakeMouse(Input& input, HWND window, UINT message, WPARAM wide, LPARAM plac
       Release(input, MouseButton::Right, place);
       break;
     case WM_MOUSEWHEEL:
-      input.TurnWheel(static_cast<double>(GET_WHEEL_DELTA_WPARAM(wide)) / WHEEL_DELTA);
+      input.TurnWheel(static_cast<double>(GET_WHEEL_DELTA_WPARAM(wParam)) / WHEEL_DELTA);
       break;
     default:
       break;
@@ -52,28 +52,32 @@ void TakeMouse(Input& input, HWND window, UINT message, WPARAM wide, LPARAM plac
 
 }  // namespace
 
-void TakeInput(Input& input, HWND window, UINT message, WPARAM wide, LPARAM param) {
+void TakeInput(Input& input, HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_KEYDOWN:
     case WM_SYSKEYDOWN:
-      input.PressKey(wide);
+      input.PressKey(wParam);
       break;
     case WM_KEYUP:
     case WM_SYSKEYUP:
-      input.ReleaseKey(wide);
+      input.ReleaseKey(wParam);
       break;
     case WM_CHAR:
-      input.Type(static_cast<wchar_t>(wide));
+      input.Type(static_cast<wchar_t>(wParam));
       break;
     case WM_KILLFOCUS:
       input.ReleaseAll();
       ReleaseCapture();
       break;
+    case WM_CAPTURECHANGED:
+      // Where another window takes the mouse, no release will come.
+      if (reinterpret_cast<HWND>(lParam) != window) input.ReleaseButtons();
+      return;
     case WM_SIZE:
-      if (wide != SIZE_MINIMIZED) input.Resize(LOWORD(param), HIWORD(param));
+      if (wParam != SIZE_MINIMIZED) input.Resize(LOWORD(lParam), HIWORD(lParam));
       break;
     default:
-      TakeMouse(input, window, message, wide, param);
+      TakeMouse(input, window, message, wParam, lParam);
   }
 }
 

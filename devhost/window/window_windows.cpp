@@ -1,5 +1,7 @@
 #include "devhost/window/window.h"
 
+#include <algorithm>
+
 #include "devhost/runtime/clock.h"
 #include "devhost/runtime/wide_text.h"
 #include "devhost/window/window_input.h"
@@ -8,6 +10,8 @@ namespace devhost {
 namespace {
 
 constexpr const wchar_t* kClassName = L"TalqWindow";
+// OpenGL asks for the clipping.
+constexpr DWORD kStyle = WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN | WS_CLIPSIBLINGS;
 
 // A window's format can be set once: what a module asks for later, without depth, changes nothing.
 bool SetFormat(HDC device, bool isDoubleBuffered) {
@@ -20,6 +24,13 @@ bool SetFormat(HDC device, bool isDoubleBuffered) {
   format.cDepthBits = 24;
   format.cStencilBits = 8;
   return SetPixelFormat(device, ChoosePixelFormat(device, &format), &format) != 0;
+}
+
+// Of a window with this client area.
+SIZE OuterSize(int width, int height) {
+  RECT frame{0, 0, width, height};
+  AdjustWindowRect(&frame, kStyle, FALSE);
+  return {frame.right - frame.left, frame.bottom - frame.top};
 }
 
 SIZE ClientSize(HWND window) {
@@ -40,14 +51,17 @@ POINT MousePlace(HWND window) {
 
 std::unique_ptr<Window> Window::Open(int width, int height, std::string_view title, bool isDoubleBuffered) {
   RegisterClassOnce();
-  RECT frame{0, 0, width, height};
-  AdjustWindowRect(&frame, WS_OVERLAPPEDWINDOW, FALSE);
-  const HWND handle = CreateWindowExW(0, kClassName, WideText(title).c_str(), WS_OVERLAPPEDWINDOW, CW_USEDEFAULT,
-                                      CW_USEDEFAULT, frame.right - frame.left, frame.bottom - frame.top, nullptr,
-                                      nullptr, GetModuleHandleW(nullptr), nullptr);
+  const SIZE size = OuterSize(width, height);
+  const HWND handle = CreateWindowExW(0, kClassName, WideText(title).c_str(), kStyle, CW_USEDEFAULT, CW_USEDEFAULT,
+                                      size.cx, size.cy, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
   if (!handle) return nullptr;
   std::unique_ptr<Window> opened(new Window(handle, ClientSize(handle)));
-  if (!SetFormat(opened->device, isDoubleBuffered)) return nullptr;
+  if (!SetFormat(opened->device, isDoubleBuffered)) {
+    const DWORD error = GetLastError();
+    opened.reset();
+    SetLastError(error);
+    return nullptr;
+  }
   ShowWindow(handle, SW_SHOWNORMAL);
   return opened;
 }
@@ -80,7 +94,9 @@ void Window::Pump() {
 void Window::Pump(double framesPerSecond) {
   const double due = clock.NextFrame(Now(), framesPerSecond);
   AnswerMessages();
-  for (double wait = due - Now(); wait > 0; wait = due - Now()) {
+  while (IsOpen()) {
+    const double wait = due - Now();
+    if (!(wait > 0)) break;
     constexpr double kLongestWait = 1e6;  // milliseconds; the loop goes on waiting
     MsgWaitForMultipleObjects(0, nullptr, FALSE, static_cast<DWORD>(std::min(wait * 1000, kLongestWait)), QS_ALLINPUT);
     AnswerMessages();
@@ -105,17 +121,23 @@ void Window::RegisterClassOnce() {
   RegisterClassW(&description);  // fails harmlessly when it is registered already
 }
 
-LRESULT CALLBACK Window::HandleMessage(HWND handle, UINT message, WPARAM wide, LPARAM param) {
+LRESULT CALLBACK Window::HandleMessage(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_GETMINMAXINFO) {
+    // Else a client area has at least the width that the buttons of the title need.
+    const SIZE least = OuterSize(1, 1);
+    reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {least.cx, least.cy};
+    return 0;
+  }
   auto* window = reinterpret_cast<Window*>(GetWindowLongPtrW(handle, GWLP_USERDATA));
-  if (!window) return DefWindowProcW(handle, message, wide, param);
+  if (!window) return DefWindowProcW(handle, message, wParam, lParam);
   if (message == WM_CLOSE) {
     window->closeAsked = true;
     return 0;
   }
   // Alt and F10 are keys of the script's; the window has no menu that they could open.
-  if (message == WM_SYSCOMMAND && (wide & 0xFFF0U) == SC_KEYMENU) return 0;
-  TakeInput(window->input, handle, message, wide, param);
-  return DefWindowProcW(handle, message, wide, param);
+  if (message == WM_SYSCOMMAND && (wParam & 0xFFF0U) == SC_KEYMENU) return 0;
+  TakeInput(window->input, handle, message, wParam, lParam);
+  return DefWindowProcW(handle, message, wParam, lParam);
 }
 
 }  // namespace devhost

@@ -1,7 +1,6 @@
 // The functions that are only noted, each with its arguments.
 #include <cstddef>
 #include <tuple>
-#include <utility>
 
 #include "devhost/gl_trace/kinds.h"
 #include "tests/recorder/recorder.h"

@@ -111,6 +111,16 @@ TEST_F(InputTest, ReleasingAllTellsOfButtonsThatWereHeld) {
   EXPECT_FALSE(Next().buttonsReleased[kLeft]);
 }
 
+TEST_F(InputTest, AnotherWindowThatTakesTheMouseReleasesTheButtonsAlone) {
+  input.Press(MouseButton::Left);
+  input.PressKey(kKey);
+  Next();
+  input.ReleaseButtons();
+  const InputMoment& moment = Next();
+  EXPECT_TRUE(moment.buttonsReleased[kLeft] && moment.buttonsDown.none());
+  EXPECT_TRUE(moment.keysDown[kKey]);
+}
+
 TEST_F(InputTest, TheMouseIsKeptUntilTheLastButtonIsReleased) {
   input.Press(MouseButton::Left);
   input.Press(MouseButton::Right);

@@ -1,6 +1,5 @@
 #include <climits>
 #include <cmath>
-#include <limits>
 
 #include "tests/unit/support/devhost_fixture.h"
 

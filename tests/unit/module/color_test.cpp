@@ -1,8 +1,6 @@
 // "OglColor".
 #include "classes/color.h"
 
-#include <vector>
-
 #include "tests/unit/support/fixture.h"
 #include "tests/unit/support/host_calls.h"
 

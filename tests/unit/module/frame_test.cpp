@@ -1,6 +1,5 @@
 // The frame as a whole: initial state by settings, clearing, flushing, version texts.
 #include <string>
-#include <vector>
 
 #include "classes/gl.h"
 #include "render/topengl.h"

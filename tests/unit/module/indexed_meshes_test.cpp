@@ -1,5 +1,4 @@
 // TrianglesExFB: triangles picked by index from the meshes of script objects.
-#include <cstdio>
 #include <fstream>
 #include <string>
 #include <utility>

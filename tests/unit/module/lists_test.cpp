@@ -1,6 +1,5 @@
 // Display lists.
 #include <numeric>
-#include <string>
 #include <vector>
 
 #include "tests/unit/support/fixture.h"

@@ -1,7 +1,6 @@
 // The pixel format that opening asks for, and what shows a double-buffered frame.
 #include <cstring>
 #include <string>
-#include <vector>
 
 #include "binding/errors.h"
 #include "classes/gl.h"

@@ -1,7 +1,6 @@
 // Light, fog, switches and drawing state of the renderer, through its script methods.
 #include <map>
 #include <string>
-#include <vector>
 
 #include "classes/material.h"
 #include "render/light.h"

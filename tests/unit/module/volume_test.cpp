@@ -1,9 +1,7 @@
 // Volumes as display lists of translucent points.
 #include <array>
 #include <climits>
-#include <cstdlib>
 #include <string>
-#include <vector>
 
 #include "render/topengl.h"
 #include "tests/unit/support/fixture.h"

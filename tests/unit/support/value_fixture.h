@@ -3,7 +3,6 @@
 
 #include <array>
 #include <bit>
-#include <climits>
 #include <cstring>
 #include <string>
 #include <vector>

@@ -1,4 +1,4 @@
-// The devices on which a pixel format is tried.
+// The devices on which a pixel format is tried. Windows only.
 #pragma once
 
 #include <windows.h>

@@ -1,4 +1,4 @@
-// What a pixel format and a context on it are on this machine.
+// What a pixel format and a context on it are on this machine. Windows only.
 #pragma once
 
 #include <windows.h>
