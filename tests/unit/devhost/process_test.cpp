@@ -14,8 +14,6 @@ class ProcessTest : public DevhostTest {
 
 TEST_F(ProcessTest, SleepTakesItsTime) {
   EXPECT_GE(SecondsAsleep(0.05), 0.05);
-  EXPECT_LT(SecondsAsleep(-1), 0.05);
-  EXPECT_LT(SecondsAsleep(0), 0.05);
 }
 
 }  // namespace
