@@ -12,13 +12,14 @@ import PIL.Image
 import pytest
 
 import gallery
-from desktop import Desktop, window_manager
+from desktop import Desktop, running, window_manager
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 PROGRAMS = ROOT / "build" / os.environ.get("TALQ_BUILD", "windows-cross")
 WINE = "/usr/lib/wine/wine64"
 WINE_SERVER = "/usr/lib/wine/wineserver"
 TIME_LIMIT = 900  # seconds
+CLOSING_LIMIT = 120  # seconds, for Wine, of which it takes some
 MEBIBYTE = 1 << 20
 
 
@@ -70,6 +71,7 @@ def run_in_wine(program, arguments, folder, display=None):
             started.wait(TIME_LIMIT)
         finally:
             started.kill()
+            started.wait(CLOSING_LIMIT)
         texts = [read_text(stdout), read_text(stderr)]
     return Run(started.returncode, *texts, {path.stem: read_picture(path) for path in pathlib.Path(folder).rglob("*.png")})
 
@@ -84,8 +86,13 @@ def wine_kept_running(display=None):
         stdout=subprocess.DEVNULL,
         stderr=subprocess.DEVNULL,
     )
-    yield
-    program.communicate(timeout=TIME_LIMIT)  # the end of its input
+    try:
+        yield
+    finally:
+        try:
+            program.communicate(timeout=CLOSING_LIMIT)  # the end of its input
+        finally:
+            program.kill()
 
 
 @pytest.fixture(scope="session", autouse=True)
@@ -118,21 +125,18 @@ def read_text(file):
 def virtual_display():
     """A virtual X display with a window manager."""
     read_end, write_end = os.pipe()
-    server = subprocess.Popen(
-        ["Xvfb", "-displayfd", str(write_end), "-screen", "0", "1024x768x24", "+extension", "GLX", "-nolisten", "tcp"],
-        pass_fds=[write_end],
-        stderr=subprocess.DEVNULL,
-    )
-    os.close(write_end)
-    with os.fdopen(read_end) as pipe:
-        number = pipe.readline().strip()
-    assert number, "Xvfb did not start"
-    with window_manager(f":{number}"), wine_kept_running(f":{number}"):
-        yield f":{number}"
-    # Wine's desktop closes before its display does.
-    subprocess.run([WINE_SERVER, "-w"], env=wine_environment(f":{number}"))
-    server.terminate()
-    server.wait()
+    options = ["-screen", "0", "1024x768x24", "+extension", "GLX", "-nolisten", "tcp"]
+    with running(["Xvfb", "-displayfd", str(write_end), *options], pass_fds=[write_end]):
+        os.close(write_end)
+        with os.fdopen(read_end) as pipe:
+            number = pipe.readline().strip()
+        assert number, "Xvfb did not start"
+        try:
+            with window_manager(f":{number}"), wine_kept_running(f":{number}"):
+                yield f":{number}"
+        finally:
+            # Wine's desktop closes before its display does.
+            subprocess.run([WINE_SERVER, "-w"], env=wine_environment(f":{number}"), timeout=CLOSING_LIMIT)
 
 
 @pytest.fixture(scope="session")
@@ -159,14 +163,19 @@ def talq(request, tmp_path):
     return run
 
 
-@pytest.fixture
-def desktop(display, tmp_path):
-    """Where scripts with windows run under a user's input: desktop.py says how to use it."""
+def desktop_in(folder, display):
+    """Where scripts with windows run in the folder under a user's input: desktop.py says how to use it."""
 
     def start(arguments, stdout, stderr):
-        return start_in_wine("talq.exe", arguments, tmp_path, display, stdout, stderr)
+        return start_in_wine("talq.exe", arguments, folder, display, stdout, stderr)
 
-    return Desktop(display, tmp_path, start)
+    return Desktop(display, folder, start)
+
+
+@pytest.fixture
+def desktop(display, tmp_path):
+    """Scripts run there in a folder of their own."""
+    return desktop_in(tmp_path, display)
 
 
 @pytest.fixture

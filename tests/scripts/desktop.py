@@ -11,12 +11,12 @@
         assert window.exit_code == 0, window.shown()      # also window.stdout, window.stderr
 
 Buttons are "left", "middle" and "right", keys have X's names: "Left", "a", "Return", "shift+a". What the user does
-reaches the script in the order of the calls, each a moment of its own for a script that asks often.
+reaches the script in the order of the calls. A press and a release have a moment each for a script that asks ten times
+a second; what has to have one otherwise, the test waits for: window.wait_for_line("what the script prints of it").
 """
 
 import contextlib
 import os
-import pathlib
 import subprocess
 import time
 
@@ -40,17 +40,23 @@ def wait_for(condition, what):
 
 
 @contextlib.contextmanager
+def running(command, **options):
+    """A silent program meanwhile, which is ended then."""
+    program = subprocess.Popen(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, **options)
+    try:
+        yield
+    finally:
+        program.terminate()
+        try:
+            program.wait(TIME_LIMIT)
+        finally:
+            program.kill()
+
+
 def window_manager(display):
-    """One that decorates windows, gives them the focus, and closes them, as its own settings say."""
-    manager = subprocess.Popen(
-        ["openbox", "--sm-disable", "--config-file", "/etc/xdg/openbox/rc.xml"],
-        env=os.environ | {"DISPLAY": display},
-        stdout=subprocess.DEVNULL,
-        stderr=subprocess.DEVNULL,
-    )
-    yield
-    manager.terminate()
-    manager.wait()
+    """One meanwhile that decorates windows, gives them the focus, and closes them, as its own settings say."""
+    command = ["openbox", "--sm-disable", "--config-file", "/etc/xdg/openbox/rc.xml"]
+    return running(command, env=os.environ | {"DISPLAY": display})
 
 
 class Desktop:
@@ -68,7 +74,7 @@ class Desktop:
         script, which has to end by then."""
         if isinstance(script, str):
             text, script = script, self.folder / "window.talq"
-            script.write_text(text)
+            script.write_text(text, encoding="utf-8")
         with open(self.folder / "stdout", "wb") as stdout, open(self.folder / "stderr", "wb") as stderr:
             program = self.start_talq([script, *map(str, arguments)], stdout, stderr)
         window = UserWindow(self, program)
@@ -78,25 +84,44 @@ class Desktop:
             window.wait_for_end()
         finally:
             program.kill()
-            program.wait()
+            program.wait(TIME_LIMIT)
 
     @contextlib.contextmanager
     def keyboard(self, layout):
         """The keys are those of another country meanwhile."""
         self.ask("setxkbmap", layout)
-        yield
-        self.ask("setxkbmap", "us")
+        try:
+            yield
+        finally:
+            self.ask("setxkbmap", "us")
 
     def saved(self, name):
         """A PNG file that the script has left."""
         return numpy.asarray(PIL.Image.open(self.folder / f"{name}.png").convert("RGB"))
 
+    def printed(self):
+        """What the script has printed until now. Its Pump hands over what was printed before."""
+        return (self.folder / "stdout").read_text(encoding="utf-8")
+
+    def windows(self):
+        """The numbers of the scripts' windows that are seen."""
+        return self.try_to_ask("xdotool", "search", "--onlyvisible", "--class", "talq.exe").stdout.split()
+
     def ask(self, *command):
-        """What a program prints, "" when it fails."""
-        done = subprocess.run(
-            list(map(str, command)), env=self.environment, capture_output=True, text=True, timeout=TIME_LIMIT
+        """What a program prints, which has to succeed."""
+        done = self.try_to_ask(*command)
+        assert done.returncode == 0, f"{' '.join(done.args)}: {done.stderr}"
+        return done.stdout
+
+    def try_to_ask(self, *command):
+        """The program's end, well or not, with what it has printed."""
+        return subprocess.run(
+            list(map(str, command)),
+            env=self.environment,
+            capture_output=True,
+            encoding="utf-8",
+            timeout=TIME_LIMIT,
         )
-        return done.stdout if done.returncode == 0 else ""
 
 
 class UserWindow:
@@ -137,6 +162,10 @@ class UserWindow:
 
     def wait_for_title(self, title):
         wait_for(lambda: self.title() == title, f"the title {title}")
+
+    def wait_for_line(self, line):
+        """Until the script has printed it and called Pump."""
+        wait_for(lambda: line in self.desktop.printed().splitlines(), f"the line {line}")
 
     # What the user does
 
@@ -191,7 +220,11 @@ class UserWindow:
         self._do("windowminimize", self.id)
 
     def activate(self):
-        wait_for(lambda: self._do("windowactivate", self.id) or self._has_focus(), "the focus")
+        def has_become_active():
+            self.desktop.try_to_ask("xdotool", "windowactivate", self.id)
+            return self.desktop.try_to_ask("xdotool", "getactivewindow").stdout.split() == [self.id]
+
+        wait_for(has_become_active, "the focus")
 
     def close(self):
         """Asks the script for it, by the button at the end of the title's bar."""
@@ -201,26 +234,23 @@ class UserWindow:
     # The script's life
 
     def appear(self):
-        shown = lambda: self.desktop.ask("xdotool", "search", "--onlyvisible", "--class", "talq.exe").split()
-        wait_for(lambda: shown() or self.program.poll() is not None, "a window")
-        ids = shown()
-        if not ids:
+        def windows_or_end():
+            return self.desktop.windows() or (["none"] if self.program.poll() is not None else [])
+
+        self.id = wait_for(windows_or_end, "a window")[-1]
+        if self.id == "none":
             self.wait_for_end()
             raise AssertionError("The script has no window.\n" + self.shown())
-        self.id = ids[-1]
         self.activate()
 
     def wait_for_end(self):
         self.program.wait(TIME_LIMIT)
         self.exit_code = self.program.returncode
-        self.stdout = (self.desktop.folder / "stdout").read_text()
-        self.stderr = (self.desktop.folder / "stderr").read_text()
+        self.stdout = self.desktop.printed()
+        self.stderr = (self.desktop.folder / "stderr").read_text(encoding="utf-8")
 
     def shown(self):
         return f"exit code {self.exit_code}\n--- stdout\n{self.stdout}\n--- stderr\n{self.stderr}"
 
     def _do(self, *arguments):
         self.desktop.ask("xdotool", *arguments)
-
-    def _has_focus(self):
-        return self.desktop.ask("xdotool", "getactivewindow").split() == [self.id]

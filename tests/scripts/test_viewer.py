@@ -220,9 +220,11 @@ def test_pictures_are_saved_under_new_names(desktop, bunny):
     with desktop.start(VIEWER) as window:
         first = wait_for_view(window, bunny[0], Camera(bunny[0]))
         window.key("p")
+        window.wait_for_line("out/viewer-1.png")
         window.resize(402, 300)
         second = wait_for_view(window, bunny[0], Camera(bunny[0]))
         window.key("p")
+        window.wait_for_line("out/viewer-2.png")
         window.key("Escape")
     assert window.exit_code == 0, window.shown()
     assert window.stdout.splitlines()[-2:] == ["out/viewer-1.png", "out/viewer-2.png"]
@@ -266,7 +268,7 @@ def test_nothing_is_left_running(desktop, bunny, end):
             window.close()
     assert window.exit_code == 0 and window.stderr == "", window.shown()
     wait_for(lambda: not processes_in(desktop.folder), "the end of all programs")
-    assert desktop.ask("xdotool", "search", "--onlyvisible", "--class", "talq.exe") == ""
+    assert desktop.windows() == []
 
 
 @pytest.mark.parametrize(

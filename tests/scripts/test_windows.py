@@ -1,16 +1,17 @@
-"""Windows and their user: pictures, mouse, keys, sizes, closing, by real input on a display with a window manager."""
+"""Windows on a display with a window manager: pictures, sizes, closing, paces and errors."""
 
 import os
 import pathlib
 import subprocess
-import time
 
 import numpy
 import pytest
 
 from desktop import wait_for
+from recording import is_green, record
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
+RUN_LIMIT = 300  # seconds, in which ./run may also build what is not up to date
 pytestmark = pytest.mark.xdist_group("window")
 
 # One scene on a memory bitmap and on a window, read back from both, and shown until the window is closed.
@@ -47,154 +48,16 @@ if (isDoubleBuffered) onScreen->SwapBuffers(); else onScreen->Flush();
 while (window->Pump(20)) { }
 """
 
-# A green window whose script prints what REPORT says of each moment, until it is closed.
-GREEN = (0, 255, 0)
-RECORD = """
-window = new MDC(300, 200, "record");
-gl = new TOpenGL();
-gl->Open(window);
-gl->SetClearColor(0, 1, 0);
-last = 0;
-wasDown = false;
-typed = "";
-while (window->Pump(200)) {
-  gl->Clear();
-  gl->Flush();
-  REPORT
-}
-"""
-
-
-def record(desktop, report, act, ended=0):
-    """The lines that the script prints of what act(window) does."""
-    with desktop.start(RECORD.replace("REPORT", report)) as window:
-        window.wait_until(lambda picture: is_green(picture[-1, -1]))
-        act(window)
-        window.close()
-    assert window.exit_code == ended, window.shown()
-    return window.stdout.splitlines()
-
-
-def is_green(pixel):
-    return tuple(pixel) == GREEN
-
-
 @pytest.mark.parametrize("is_double_buffered", [0, 1])
 def test_a_window_shows_what_a_bitmap_gets(desktop, is_double_buffered):
     with desktop.start(SCENE, is_double_buffered) as window:
-        shown = window.wait_until(lambda picture: len(numpy.unique(picture.reshape(-1, 3), axis=0)) > 100)
+        bitmap = desktop.saved("bitmap")
+        window.wait_until(lambda picture: numpy.array_equal(picture, bitmap))
         window.close()
     assert window.exit_code == 0, window.shown()
-    bitmap = desktop.saved("bitmap")
     # The sphere was drawn first and lies nearer: red covers blue.
     assert bitmap[100, 170, 0] > bitmap[100, 170, 2] and bitmap[190, 160, 2] > bitmap[190, 160, 0]
     assert numpy.array_equal(bitmap, desktop.saved("window"))
-    assert numpy.array_equal(bitmap, shown)
-
-
-MOUSE = """
-  for (i = 0; i < 3; i += 1) {
-    button = ["left", "middle", "right"][i];
-    if (window->WasMousePressed(button)) Print("pressed", button, window->MouseX(), window->MouseY());
-    if (window->WasMouseReleased(button)) Print("released", button, window->MouseX(), window->MouseY());
-    if (window->IsMouseDown(button) && last != window->MouseX()) Print("down", button, window->MouseX());
-  }
-  last = window->MouseX();
-"""
-
-
-def without_down(lines):
-    return [line for line in lines if not line.startswith("down")]
-
-
-def test_buttons_and_their_places(desktop):
-    def act(window):
-        window.click(20, 30)
-        window.click(21, 199, "middle")
-        window.click(0, 0, "right")
-
-    assert without_down(record(desktop, MOUSE, act)) == [
-        "pressed left 20 30",
-        "released left 20 30",
-        "pressed middle 21 199",
-        "released middle 21 199",
-        "pressed right 0 0",
-        "released right 0 0",
-    ]
-
-
-def test_dragging_goes_on_outside_of_the_window(desktop):
-    lines = record(desktop, MOUSE, lambda window: window.drag([(20, 30), (350, 40), (360, 250)]))
-    assert without_down(lines) == ["pressed left 20 30", "released left 360 250"]
-    assert "down left 350" in lines
-
-
-def test_the_wheel_turns_by_notches(desktop):
-    def act(window):
-        window.move(10, 10)
-        window.scroll(3)
-        window.scroll(-2)
-
-    turned = [float(line) for line in record(desktop, "if (window->Wheel() != 0) Print(window->Wheel());", act)]
-    assert sum(turned) == 1 and sum(abs(notches) for notches in turned) == 5
-
-
-KEYS = {
-    "Left": "Left", "Right": "Right", "Up": "Up", "Down": "Down", "Space": "space", "Enter": "Return",
-    "Escape": "Escape", "Tab": "Tab", "Backspace": "BackSpace", "Delete": "Delete", "Home": "Home", "End": "End",
-    "PageUp": "Prior", "PageDown": "Next", "Shift": "Shift_L", "Control": "Control_L", "Alt": "Alt_L",
-    "A": "a", "M": "m", "Z": "z", "0": "0", "5": "5", "9": "9",
-} | {f"F{n}": f"F{n}" for n in range(1, 13)}  # fmt: skip
-
-
-def test_every_key_by_its_name(desktop):
-    names = "[" + ", ".join(f'"{name}"' for name in KEYS) + "]"
-    report = f"""
-  names = {names};
-  for (i = 0; i < Length(names); i += 1) if (window->WasKeyPressed(names[i])) Print(names[i]);
-"""
-
-    def act(window):
-        for key in KEYS.values():
-            window.key(key)
-
-    assert record(desktop, report, act) == list(KEYS)
-
-
-def test_a_held_key_is_down_and_pressed_once(desktop):
-    report = """
-  if (window->WasKeyPressed("A")) Print("pressed", window->IsKeyDown("Shift"));
-  if (wasDown != window->IsKeyDown("A")) Print("down", window->IsKeyDown("A"));
-  wasDown = window->IsKeyDown("A");
-  typed = typed + window->TypedText();
-  if (Length(typed) > 2) window->SetTitle("repeats");
-"""
-
-    def act(window):
-        window.hold_key("shift")
-        window.hold_key("a")
-        window.wait_for_title("repeats")
-        window.release_key("a")
-        window.release_key("shift")
-
-    assert record(desktop, report, act) == ["pressed 1", "down 1", "down 0"]
-
-
-def test_typed_text_and_titles_are_utf8(desktop):
-    report = """
-  if (window->TypedText() != "") typed += window->TypedText();
-  if (window->WasKeyPressed("Enter")) { Print(typed); window->SetTitle("größer ✓"); }
-"""
-
-    def act(window):
-        window.type("a B")
-        with desktop.keyboard("de"):
-            window.key("udiaeresis")
-            window.key("Escape")
-        window.key("Return")
-        window.wait_for_title("größer ✓")
-
-    assert record(desktop, report, act) == ["a Bü"]
 
 
 def test_another_size(desktop):
@@ -211,30 +74,6 @@ def test_another_size(desktop):
         window.wait_until(lambda picture: is_green(picture[0, 0]) and is_green(picture[259, 409]))
 
     assert record(desktop, report, act)[-1] == "410 260 RECT(0, 0, 410, 260)"
-
-
-def test_losing_the_focus_releases_all(desktop):
-    report = """
-  if (window->WasMouseReleased("left")) Print("button released");
-  if (wasDown != window->IsKeyDown("Right")) Print("key", window->IsKeyDown("Right"));
-  if (window->WasMousePressed("left")) window->SetTitle("pressed");
-  if (wasDown && !window->IsKeyDown("Right") && !window->IsMouseDown("left")) window->SetTitle("released");
-  wasDown = window->IsKeyDown("Right");
-"""
-
-    def act(window):
-        window.hold_key("Right")
-        window.move(50, 50)
-        window.press()
-        window.wait_for_title("pressed")
-        window.minimize()
-        window.wait_for_title("released")  # by the user only now
-        window.release_key("Right")
-        window.release()
-        window.activate()
-        window.wait_until(lambda picture: is_green(picture[0, 0]) and is_green(picture[-1, -1]))
-
-    assert record(desktop, report, act) == ["key 1", "button released", "key 0"]
 
 
 def test_the_user_asks_and_the_script_closes(desktop):
@@ -374,27 +213,33 @@ def test_without_a_display_the_hint_says_what_to_do(talq):
     assert "hint: scripts with windows run with ./run --window" in run.stderr
 
 
-def test_run_takes_a_virtual_display_and_ends_with_the_script(tmp_path):
+def test_run_takes_a_virtual_display_and_ends_with_the_script(tmp_path, display):
+    # Wine is kept running for the other display meanwhile: ./run ends only if it waits for nothing but the script.
     (tmp_path / "script.talq").write_text("""
-window = new MDC(64, 64, "window");
-gl = new TOpenGL();
-gl->Open(window);
-gl->Clear();
-gl->Flush();
-window->Pump();
-gl->Close();
-Print("before the end");
-WriteText("before_the_end", "");
+shortest = 1000;
+for (i = 0; i < 3; i += 1) {
+  window = new MDC(64, 64, "window");
+  gl = new TOpenGL();
+  gl->Open(window);
+  gl->Clear();
+  gl->Flush();
+  window->Pump();
+  gl->Close();
+  begin = Seconds();
+  window->Close();
+  shortest = min(shortest, Seconds() - begin);
+}
+Print(shortest);
 Fail("on purpose");
 """)
     environment = {name: value for name, value in os.environ.items() if name != "DISPLAY"}
     with open(tmp_path / "stdout", "wb") as stdout, open(tmp_path / "stderr", "wb") as stderr:
         command = [ROOT / "run", "--window", "script.talq"]
-        done = subprocess.run(command, cwd=tmp_path, env=environment, stdout=stdout, stderr=stderr)
-    closing = time.time() - (tmp_path / "before_the_end").stat().st_mtime
-    lines = (tmp_path / "stderr").read_text().splitlines()
+        done = subprocess.run(command, cwd=tmp_path, env=environment, stdout=stdout, stderr=stderr, timeout=RUN_LIMIT)
+    lines = (tmp_path / "stderr").read_text(encoding="utf-8").splitlines()
     assert done.returncode == 1, lines
-    assert (tmp_path / "stdout").read_text() == "before the end\n"
     assert lines[0] == "DISPLAY is not set: windows open on a virtual display and cannot be seen"
     assert "error 27" in lines[1]
-    assert closing < 2  # seconds, of which less than one on a machine that does nothing else
+    # Without a window manager, Wine would wait two seconds for one whenever a window closes. With one, it takes a
+    # hundredth of a second, and no machine is so busy that each of the three windows waits for longer than a second.
+    assert float((tmp_path / "stdout").read_text(encoding="utf-8")) < 1.5
