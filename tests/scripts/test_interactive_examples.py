@@ -10,31 +10,41 @@ import pytest
 import gallery
 from desktop import BUTTONS
 
-SECONDS = 15  # of random input
+# A round of random input takes until there were so many frames and sizes of the window.
+FRAMES = 100
+SIZES = 10
+ROUND_LIMIT = 300  # seconds
 MEBIBYTE = 1 << 20
-# Half of the time is 100 frames and more, so 160 KB lost in each are seen, or the buffers of one size in ten. What
-# software rendering compiles when it first meets a state takes some mebibytes.
+# The second round may take so much: 160 KB lost in each frame are seen, or the buffers of each size, which have two
+# mebibytes on average. What software rendering compiles when it first meets a state takes some mebibytes.
 MOST_GROWTH = 16 * MEBIBYTE
 # Without any input there are 52: those of a window and of Wine itself.
 MOST_HANDLES = 64
 KEYS = ["Left", "Right", "Up", "Down", "Home", "End", "Prior", "Next", "space", "Return", "Tab", "Delete", "BackSpace"]
 KEYS += [f"F{number}" for number in range(1, 13)] + list("abcdefghijklmnopqrstuvwxyz0123456789")
+LOOP = 'while (window->Pump(60) && !window->WasKeyPressed("Escape")) {'
 
 
-def copy_with_count_of_handles(name, folder):
-    """The example, which prints at its end how many GDI handles it has, among all that it reads."""
+def copy_that_counts(name, folder):
+    """The example, which prints "frame" for each of its frames and at its end how many GDI handles it has, among all
+    that it reads."""
     shutil.copytree(gallery.EXAMPLES, folder / "examples", ignore=shutil.ignore_patterns("pictures"))
     script = folder / "examples" / f"{name}.talq"
-    script.write_text(script.read_text() + 'Print("handles", GdiHandles());\n')
+    text = script.read_text(encoding="utf-8")
+    assert text.count(LOOP) == 1
+    counted = text.replace(LOOP, LOOP + ' Print("frame");')
+    script.write_text(counted + 'Print("handles", GdiHandles());\n', encoding="utf-8")
     return script
 
 
 class User:
-    """Does something else each time, as the seed says."""
+    """Does anything. One seed always gives the same things in the same order; how many there are, and in which frame of
+    the script each falls, is left to the machine."""
 
     def __init__(self, window, seed):
         self.window = window
         self.random = random.Random(seed)
+        self.sizes = 0  # that the window was given
 
     def place(self):
         _, _, width, height = self.window.client_area()
@@ -52,7 +62,7 @@ class User:
             lambda: window.drag([self.place() for _ in range(4)], button),
             lambda: window.scroll(choose([-3, -1, 1, 3])),
             lambda: self.hold(choose(KEYS)),
-            lambda: window.resize(self.random.randrange(120, 900), self.random.randrange(60, 700)),
+            self.resize,
         ])()  # fmt: skip
 
     def hold(self, key):
@@ -60,10 +70,22 @@ class User:
         self.window.move(*self.place())
         self.window.release_key(key)
 
-    def act_for(self, seconds):
-        end = time.monotonic() + seconds
-        while time.monotonic() < end and self.window.program.poll() is None:
+    def resize(self):
+        self.window.resize(self.random.randrange(120, 900), self.random.randrange(60, 700))
+        self.sizes += 1
+
+    def act_for_a_round(self):
+        end = time.monotonic() + ROUND_LIMIT
+        frames, sizes = frames_of(self.window) + FRAMES, self.sizes + SIZES
+        while self.sizes < sizes or frames_of(self.window) < frames:
+            assert self.window.program.poll() is None, "the script has ended"
+            assert time.monotonic() < end, "too few frames or sizes"
             self.act()
+
+
+def frames_of(window):
+    """How many there were."""
+    return window.desktop.printed().splitlines().count("frame")
 
 
 def resident_bytes(window):
@@ -78,11 +100,11 @@ def resident_bytes(window):
 @pytest.mark.parametrize("name", gallery.INTERACTIVE)
 def test_example_bears_any_input(desktop, name):
     (desktop.folder / "out").mkdir()
-    with desktop.start(copy_with_count_of_handles(name, desktop.folder)) as window:
+    with desktop.start(copy_that_counts(name, desktop.folder)) as window:
         user = User(window, name)
-        user.act_for(SECONDS / 2)
+        user.act_for_a_round()
         before = resident_bytes(window)
-        user.act_for(SECONDS / 2)
+        user.act_for_a_round()
         grown = resident_bytes(window) - before
         window.key("Escape")
     assert window.exit_code == 0 and window.stderr == "", window.shown()
@@ -93,7 +115,7 @@ def test_example_bears_any_input(desktop, name):
 
 # ---- The page that shows them
 
-SECTION = (gallery.ROOT / "docs" / "gallery.md").read_text().split("\n## In a window\n")[1].split("\n## ")[0]
+SECTION = (gallery.ROOT / "docs" / "gallery.md").read_text(encoding="utf-8").split("\n## In a window\n")[1].split("\n## ")[0]
 PICTURES = gallery.ROOT / "docs" / "windows"
 
 
