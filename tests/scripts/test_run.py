@@ -6,11 +6,14 @@ import subprocess
 import pytest
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
+TIME_LIMIT = 900  # seconds
 pytestmark = pytest.mark.xdist_group("run")
 
 
 def run_project(*arguments, cwd, text=""):
-    return subprocess.run([ROOT / "run", *arguments], cwd=cwd, input=text, capture_output=True, text=True)
+    return subprocess.run(
+        [ROOT / "run", *arguments], cwd=cwd, input=text, capture_output=True, text=True, timeout=TIME_LIMIT
+    )
 
 
 def test_run_hands_over_arguments_paths_and_exit_code(tmp_path):

@@ -5,6 +5,7 @@ import os
 import pty
 import select
 import subprocess
+import time
 
 import PIL.Image
 import pytest
@@ -13,6 +14,7 @@ import conftest
 
 RUN = conftest.PROGRAMS.parents[1] / "run"
 WORD = "schön картина"
+CONSOLE_LIMIT = 120  # seconds
 
 
 def assert_printed(run, text):
@@ -100,7 +102,12 @@ def test_file_name_that_is_no_utf8_is_not_found(talq, escape):
 def run_project(*arguments, cwd, text="", **variables):
     environment = {name: value for name, value in os.environ.items() if name != "LANG" and not name.startswith("LC_")}
     return subprocess.run(
-        [RUN, *arguments], cwd=cwd, input=text.encode(), capture_output=True, env=environment | variables
+        [RUN, *arguments],
+        cwd=cwd,
+        input=text.encode(),
+        capture_output=True,
+        env=environment | variables,
+        timeout=conftest.TIME_LIMIT,
     )
 
 
@@ -132,19 +139,30 @@ def in_console(arguments, lines=()):
         start_new_session=True,
     )
     os.close(child)
+    try:
+        shown = console_text(program, parent, lines)
+    finally:
+        program.kill()
+        program.wait(conftest.CLOSING_LIMIT)
+        os.close(parent)
+    return program.returncode, shown.decode()
+
+
+def console_text(program, console, lines):
+    """What it shows until its end, the lines entered."""
     shown, waiting = b"", list(lines)
-    while True:
+    end = time.monotonic() + CONSOLE_LIMIT
+    while time.monotonic() < end:
         has_ended = program.poll() is not None
-        if select.select([parent], [], [], 0.5)[0]:
+        if select.select([console], [], [], 0.5)[0]:
             with contextlib.suppress(OSError):  # its other end is closed
-                shown += os.read(parent, 4096)
+                shown += os.read(console, 4096)
                 continue
         if has_ended:
-            break
+            return shown
         if waiting and shown.count(b"talq>") > len(lines) - len(waiting):
-            os.write(parent, waiting.pop(0).encode() + b"\r")
-    os.close(parent)
-    return program.returncode, shown.decode()
+            os.write(console, waiting.pop(0).encode() + b"\r")
+    raise AssertionError(f"talq has not ended within {CONSOLE_LIMIT} s; shown until then: {shown}")
 
 
 def test_console_shows_utf8():
