@@ -116,9 +116,9 @@ std::string DescribeSystem() {
   if (auto* getVersion = LibraryFunction<LONG WINAPI(OSVERSIONINFOW*)>(L"ntdll.dll", "RtlGetVersion")) {
     getVersion(&version);
   }
-  std::string text = "Windows " + Decimal(version.dwMajorVersion) + "." + Decimal(version.dwMinorVersion) + "." +
-                     Decimal(version.dwBuildNumber);
-  auto* wineVersion = LibraryFunction<const char * CDECL()>(L"ntdll.dll", "wine_get_version");
+  const std::string text = "Windows " + Decimal(version.dwMajorVersion) + "." + Decimal(version.dwMinorVersion) + "." +
+                           Decimal(version.dwBuildNumber);
+  auto* wineVersion = LibraryFunction<const char*()>(L"ntdll.dll", "wine_get_version");
   return wineVersion ? text + " (Wine " + wineVersion() + ")" : text;
 }
 
