@@ -12,8 +12,6 @@ class ProcessTest : public DevhostTest {
   }
 };
 
-TEST_F(ProcessTest, SleepTakesItsTime) {
-  EXPECT_GE(SecondsAsleep(0.05), 0.05);
-}
+TEST_F(ProcessTest, SleepTakesItsTime) { EXPECT_GE(SecondsAsleep(0.05), 0.05); }
 
 }  // namespace
