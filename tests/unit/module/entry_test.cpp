@@ -13,7 +13,7 @@ namespace {
 
 constexpr char kVersion[] = "TALQ Support DLL v5.0 |TALQ version:5.03.04.a";
 
-HINSTANCE const instanceBeforeAttach = TalqSystemGetLibInst();
+HINSTANCE const kInstanceBeforeAttach = TalqSystemGetLibInst();
 
 HINSTANCE Instance(std::uintptr_t value) { return reinterpret_cast<HINSTANCE>(value); }
 
@@ -26,7 +26,7 @@ std::string WrittenVersion(unsigned length) {
 
 using EntryTest = ModuleTest;
 
-TEST_F(EntryTest, InstanceHandleIsNullBeforeAttach) { EXPECT_EQ(instanceBeforeAttach, nullptr); }
+TEST_F(EntryTest, InstanceHandleIsNullBeforeAttach) { EXPECT_EQ(kInstanceBeforeAttach, nullptr); }
 
 TEST_F(EntryTest, OnlyProcessAttachStoresTheInstance) {
   EXPECT_EQ(DllMain(Instance(0x1234), DLL_PROCESS_ATTACH, nullptr), TRUE);

@@ -14,7 +14,7 @@ class LeftoversListener : public testing::EmptyTestEventListener {
 };
 
 // GoogleTest owns it.
-const bool isListening = [] {
+const bool kIsListening = [] {
   testing::UnitTest::GetInstance()->listeners().Append(new LeftoversListener);
   return true;
 }();
