@@ -15,7 +15,7 @@ using Argument = std::tuple_element_t<place, decltype(ArgumentsOf(function))>;
 
 template <class... Kinds, class... Arguments>
 void Note(const char* name, Arguments... values) {
-  const std::tuple<Arguments...> arguments(values...);
+  [[maybe_unused]] const std::tuple<Arguments...> arguments(values...);
   recorder::Get().calls.push_back({name, {Kinds::Text(values, arguments)...}, {}});
 }
 
