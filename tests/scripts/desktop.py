@@ -156,7 +156,8 @@ class UserWindow:
 
         def picture():
             taken = self.picture()
-            return [taken] if condition(taken) else []
+            # A window that is about to be shown again has no picture.
+            return [taken] if taken.size and condition(taken) else []
 
         return wait_for(picture, "the picture")[0]
 
