@@ -94,11 +94,10 @@ void Window::Pump() {
 void Window::Pump(double framesPerSecond) {
   const double due = clock.NextFrame(Now(), framesPerSecond);
   AnswerMessages();
-  while (IsOpen()) {
-    const double wait = due - Now();
-    if (!(wait > 0)) break;
+  while (Now() < due) {
     constexpr double kLongestWait = 1e6;  // milliseconds; the loop goes on waiting
-    MsgWaitForMultipleObjects(0, nullptr, FALSE, static_cast<DWORD>(std::min(wait * 1000, kLongestWait)), QS_ALLINPUT);
+    const double wait = std::clamp((due - Now()) * 1000, 0.0, kLongestWait);
+    MsgWaitForMultipleObjects(0, nullptr, FALSE, static_cast<DWORD>(wait), QS_ALLINPUT);
     AnswerMessages();
   }
   input.BeginMoment();
