@@ -4,7 +4,6 @@
 #include <GL/gl.h>
 #include <GL/glu.h>
 
-#include <array>
 #include <span>
 #include <string>
 #include <vector>
@@ -53,17 +52,14 @@ bool OpenRenderer(const Opening& opening) {
   Assign(size[1], Variable(kProbeSide));
   if (opening.onWindow) AssignText(size.emplace_back(), "Probe");
   Variable nothing;
-  std::array<Variable, 1> isOn;
-  const auto call = [&](const char* method, std::span<Variable> args) {
-    return CallMethod(nothing, renderer, method, args);
+  Variable doubleBuffered(opening.doubleBuffered ? 1 : 0);
+  Variable accelerated(opening.accelerated ? 1 : 0);
+  const auto call = [&](const char* method, Variable& argument) {
+    return CallMethod(nothing, renderer, method, std::span(&argument, 1));
   };
-  if (!Construct(device, "MDC", size) || !Construct(renderer, "TOpenGL", {})) return false;
-  Assign(isOn[0], Variable(opening.doubleBuffered ? 1 : 0));
-  if (!call("EnableDoubleBuff", isOn)) return false;
-  Assign(isOn[0], Variable(opening.accelerated ? 1 : 0));
-  if (!call("UseAccelerator", isOn)) return false;
-  const bool isOpened = call(opening.onWindow ? "Open" : "OpenBitmap", std::span(&device, 1));
-  return isOpened && call("Close", {});
+  return Construct(device, "MDC", size) && Construct(renderer, "TOpenGL", {}) &&
+         call("EnableDoubleBuff", doubleBuffered) && call("UseAccelerator", accelerated) &&
+         call(opening.onWindow ? "Open" : "OpenBitmap", device) && CallMethod(nothing, renderer, "Close", {});
 }
 
 // The descriptor, as the module filled it in.
