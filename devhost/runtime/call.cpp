@@ -2,6 +2,7 @@
 #include <cstdlib>
 
 #include "devhost/runtime/access.h"
+#include "devhost/runtime/call_observer.h"
 #include "devhost/runtime/classes.h"
 #include "devhost/runtime/near_names.h"
 #include "devhost/runtime/payload.h"
@@ -30,7 +31,7 @@ bool Invoke(Variable& result, const Class& type, std::string_view name, Argument
   if (!method) return false;
   args.frame.Bind(args.count, self);
   VarRegister returned;
-  method->handler(returned, args.frame.Registers(), args.count + 1, CurrentProcessor());
+  RunHandler(*method, returned, args.frame.Registers(), args.count);
   Assign(result, returned.GetVar());
   return !PendingError();
 }

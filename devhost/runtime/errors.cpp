@@ -73,6 +73,11 @@ void Raise(int code, std::string text, std::string hint) {
   if (!state.pending) state.pending = Error{code, std::move(text), std::move(hint)};
 }
 
+void GiveHint(std::string hint) {
+  std::optional<Error>& pending = State().pending;
+  if (pending && pending->hint.empty()) pending->hint = std::move(hint);
+}
+
 const Error* PendingError() {
   const ErrorState& state = State();
   return state.pending ? &*state.pending : nullptr;

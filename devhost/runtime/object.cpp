@@ -1,4 +1,5 @@
 // Script objects: the list of those that live, their destructors, and the native objects joined to them.
+#include "devhost/runtime/call_observer.h"
 #include "devhost/runtime/classes.h"
 #include "devhost/runtime/payload.h"
 #include "devhost/runtime/register.h"
@@ -57,7 +58,7 @@ void RunDestructor(ObjectPayload& object) {
   RegisterFrame frame(1);
   frame.Bind(0, self);
   VarRegister result;
-  destructor->handler(result, frame.Registers(), 1, CurrentProcessor());
+  RunHandler(*destructor, result, frame.Registers(), 0);
 }
 
 void DestroyAllObjects() {

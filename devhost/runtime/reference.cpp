@@ -83,6 +83,14 @@ const std::vector<ReferenceEntry>& Reference() {
   return entries;
 }
 
+const ReferenceEntry* FindInReference(std::string_view className, std::string_view method) {
+  const std::vector<ReferenceEntry>& entries = Reference();
+  const auto found = std::find_if(entries.begin(), entries.end(), [&](const ReferenceEntry& entry) {
+    return entry.ClassName() == className && entry.MethodName() == method;
+  });
+  return found != entries.end() ? &*found : nullptr;
+}
+
 std::string_view ArgumentsInReference(std::string_view signature) {
   for (const ReferenceEntry& entry : Reference()) {
     for (const ReferenceForm& form : entry.forms) {

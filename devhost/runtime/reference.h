@@ -37,6 +37,9 @@ std::vector<ReferenceEntry> ParseReference(std::string_view document);
 // The entries of the reference.
 const std::vector<ReferenceEntry>& Reference();
 
+// The entry of a class's method, or null.
+const ReferenceEntry* FindInReference(std::string_view className, std::string_view method);
+
 // How the form with this signature is called, "(x, y, z, angle)"; "" for one that the reference does not have, and for
 // an operator.
 std::string_view ArgumentsInReference(std::string_view signature);

@@ -47,6 +47,8 @@ struct Error {
 Processor* CurrentProcessor();
 // Raises an error; while one is pending, later ones are counted but do not replace it.
 void Raise(int code, std::string text, std::string hint = {});
+// Gives the pending error a hint, where it has none.
+void GiveHint(std::string hint);
 // The pending error, or null.
 const Error* PendingError();
 // How many errors were raised since the last ClearError.

@@ -41,4 +41,12 @@ std::string_view TakeWord(std::string_view& text) {
   return word;
 }
 
+std::string Unwrapped(std::string_view text) {
+  std::string unwrapped(TakeWord(text));
+  for (std::string_view word = TakeWord(text); !word.empty(); word = TakeWord(text)) {
+    unwrapped.append(" ").append(word);
+  }
+  return unwrapped;
+}
+
 }  // namespace devhost

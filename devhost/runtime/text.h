@@ -16,6 +16,9 @@ std::string ShortestText(double number);
 // Without the blanks at both ends.
 std::string_view Trimmed(std::string_view text, std::string_view blanks = " ");
 
+// The words with one blank between each.
+std::string Unwrapped(std::string_view text);
+
 // Cuts the first word off, with the blanks before it; empty when none is left. Blanks are spaces, tabs and line ends.
 std::string_view TakeWord(std::string_view& text);
 
