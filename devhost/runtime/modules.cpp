@@ -76,10 +76,14 @@ bool UseArithmeticOf(const Module& module) {
   return false;
 }
 
-bool TraceOpenGl(const Module& module) {
+bool TraceOpenGl(const Module& module, std::string_view) {
   Raise(kErrorFile, module.path + ": modules are Windows libraries, whose calls cannot be traced here.");
   return false;
 }
+
+bool StartCheck(const Module& module) { return TraceOpenGl(module, {}); }
+
+std::string FinishCheck() { return {}; }
 
 std::string ProbeOpenGl(const Module& module) {
   Raise(kErrorFile, module.path + ": modules are Windows libraries, whose OpenGL cannot be asked here.");

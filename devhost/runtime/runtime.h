@@ -140,9 +140,16 @@ const Module* AddModule(Module module);
 // Until modules are unloaded, scripts compute two numbers of one type with the routines Add, Sub, Mul, Div, Rest, Or,
 // And and Xor that the module exports. False with an error raised when it does not export them all.
 bool UseArithmeticOf(const Module& module);
-// Until the module is unloaded, each call that it makes of OpenGL, GLU, WGL or GDI is printed to standard error. False
-// with an error raised when it imports a function of theirs that cannot be traced.
-bool TraceOpenGl(const Module& module);
+// Until the module is unloaded, each call that it makes of OpenGL, GLU, WGL or GDI is printed to standard error, behind
+// the script's line that it comes from. `functions` leaves out others: names with commas between, in which * stands for
+// any letters; empty: all. False with an error raised when the module imports a function of theirs that cannot be
+// traced, or a name fits none.
+bool TraceOpenGl(const Module& module, std::string_view functions);
+// Until FinishCheck, looks for what goes wrong in OpenGL without an error. False with an error raised as by
+// TraceOpenGl.
+bool StartCheck(const Module& module);
+// What was found, a line or two each, and a line that counts it; "" when nothing was.
+std::string FinishCheck();
 // What this machine's OpenGL gives to the module: it opens renderers on a memory bitmap and on windows, and the pixel
 // formats that it asks for are tried on other devices too. What fails stands in the report, with the system's error
 // number.

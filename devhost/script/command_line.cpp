@@ -1,5 +1,6 @@
 #include "devhost/script/command_line.h"
 
+#include <algorithm>
 #include <string_view>
 
 namespace devhost::script {
@@ -22,14 +23,20 @@ const char* const kUsage =
     "  --no-module      load no module\n"
     "  --module-arithmetic\n"
     "                   compute two numbers of one type with what the module exports\n"
-    "  --trace-gl       print each OpenGL call of the module, in order with what the script prints,\n"
-    "                   to standard error (2> calls.txt keeps the calls in a file of their own)\n"
+    "  --check          look for what goes wrong in OpenGL without an error, and tell of it at the end: the line, the\n"
+    "                   method, what to do\n"
+    "  --trace-gl       print each OpenGL call of the module, behind the script's line, in order with what the script\n"
+    "                   prints, to standard error (2> calls.txt keeps the calls in a file of their own)\n"
+    "  --trace-gl=NAMES print these alone, as of 'glFrustum,glLight*'\n"
     "  --help           show this text\n"
     "  --help NAME      show the reference's entry, as of TOpenGL::Sphere or Sphere; the methods of a class\n"
     "\n"
-    "The exit code is 0, 1 after an error, or 2 when the command line is not understood.\n";
+    "The exit code is 0, 1 after an error, 2 when the command line is not understood, or 3 when --check found something\n"
+    "in a script that ended without an error.\n";
 
 namespace {
+
+constexpr std::string_view kTraceOf = "--trace-gl=";
 
 // Reads an option that stands alone; false for any other word.
 bool ReadSwitch(std::string_view argument, CommandLine& commandLine) {
@@ -43,8 +50,11 @@ bool ReadSwitch(std::string_view argument, CommandLine& commandLine) {
     commandLine.usesModule = false;
   } else if (argument == "--module-arithmetic") {
     commandLine.moduleArithmetic = true;
-  } else if (argument == "--trace-gl") {
+  } else if (argument == "--check") {
+    commandLine.checks = true;
+  } else if (argument == "--trace-gl" || (argument.starts_with(kTraceOf) && argument != kTraceOf)) {
     commandLine.tracesGl = true;
+    commandLine.tracedFunctions = argument.substr(std::min(argument.size(), kTraceOf.size()));
   } else {
     return false;
   }
@@ -60,7 +70,12 @@ const char* LoneOption(CommandLine::Action action) {
 
 // Whether the options go together; says in the message which do not.
 bool Fits(const CommandLine& commandLine, std::string& message) {
+  if (commandLine.checks && LoneOption(commandLine.action)) {
+    message = "--check takes a script or -e";
+    return false;
+  }
   if (commandLine.usesModule) return true;
+  if (commandLine.checks) message = "--check and --no-module exclude each other";
   if (commandLine.action == CommandLine::Action::Probe) message = "--probe and --no-module exclude each other";
   if (commandLine.moduleArithmetic) message = "--module-arithmetic and --no-module exclude each other";
   if (commandLine.tracesGl) message = "--trace-gl and --no-module exclude each other";

@@ -16,7 +16,9 @@ struct CommandLine {
   std::string module;                 // path; empty: TalqOpenGL.dll beside the program
   bool usesModule = true;
   bool moduleArithmetic = false;
+  bool checks = false;
   bool tracesGl = false;
+  std::string tracedFunctions;  // names, with commas between; empty: all
 };
 
 extern const char* const kUsage;

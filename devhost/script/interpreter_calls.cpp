@@ -1,5 +1,6 @@
 // Calls of functions, methods and constructors.
 #include "devhost/script/builtins.h"
+#include "devhost/script/call_position.h"
 #include "devhost/script/interpreter.h"
 #include "devhost/script/trace.h"
 
@@ -23,6 +24,7 @@ bool Interpreter::EvaluateArguments(const std::vector<ExpressionPtr>& arguments,
 bool Interpreter::EvaluateCall(const CallExpression& call, Variable& value) {
   std::vector<Variable> args;
   if (!EvaluateArguments(call.arguments, args)) return false;
+  const CallPosition here(call.at);
   if (call.function->IsName()) return CallNamed(call, As<NameExpression>(*call.function), value, args);
   Variable function;
   if (!Evaluate(*call.function, function)) return false;
@@ -56,12 +58,14 @@ bool Interpreter::EvaluateMethodCall(const CallMethodExpression& call, Variable&
   Variable object;
   std::vector<Variable> args;
   if (!Evaluate(*call.object, object) || !EvaluateArguments(call.arguments, args)) return false;
+  const CallPosition here(call.at);
   return CallMethod(value, object, call.method, args) || FailedCall(call, call.method);
 }
 
 bool Interpreter::EvaluateNew(const NewExpression& expression, Variable& value) {
   std::vector<Variable> args;
   if (!EvaluateArguments(expression.arguments, args)) return false;
+  const CallPosition here(expression.at);
   return Construct(value, expression.className, args) || FailedCall(expression, expression.className);
 }
 

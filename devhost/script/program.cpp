@@ -8,6 +8,7 @@
 #include "devhost/classes/register_classes.h"
 #include "devhost/data/files.h"
 #include "devhost/runtime/runtime.h"
+#include "devhost/script/call_position.h"
 #include "devhost/script/command_line.h"
 #include "devhost/script/console.h"
 #include "devhost/script/help.h"
@@ -19,6 +20,8 @@
 
 namespace devhost::script {
 namespace {
+
+constexpr int kExitFindings = 3;
 
 // A script that cannot be read is told about where it is asked for, so the error is taken back.
 bool ReadScript(const std::string& path, std::string& text) {
@@ -65,7 +68,8 @@ const Module* PrepareModule(const CommandLine& commandLine) {
   const Module* module = LoadModule(path);
   if (!module) return nullptr;
   if (commandLine.moduleArithmetic && !UseArithmeticOf(*module)) return nullptr;
-  if (commandLine.tracesGl && !TraceOpenGl(*module)) return nullptr;
+  if (commandLine.tracesGl && !TraceOpenGl(*module, commandLine.tracedFunctions)) return nullptr;
+  if (commandLine.checks && !StartCheck(*module)) return nullptr;
   return module;
 }
 
@@ -110,8 +114,12 @@ int TalqMain(int argc, char** argv) {
   }
   if (commandLine.action == CommandLine::Action::Help) return ShowHelp(commandLine.topic);
   devhost::RegisterHostClasses();
+  TellCallPositions();
   const bool succeeded = RunCommand(commandLine);
   const int joinedObjects = devhost::UnloadModules();
+  const std::string findings = devhost::FinishCheck();
+  if (!findings.empty()) Complain(findings);
   std::fflush(stdout);
-  return succeeded && joinedObjects == 0 ? 0 : 1;
+  if (!succeeded || joinedObjects > 0) return 1;
+  return findings.empty() ? 0 : kExitFindings;
 }

@@ -24,6 +24,11 @@ int CountCharacters(std::string_view text) {
 
 }  // namespace
 
+int LineOf(Position at) {
+  const std::string_view before = std::string_view(at.source->text).substr(0, at.offset);
+  return 1 + static_cast<int>(std::count(before.begin(), before.end(), '\n'));
+}
+
 Location Locate(Position at) {
   const std::string_view text = at.source->text;
   const std::size_t offset = std::min(at.offset, text.size());
@@ -34,7 +39,7 @@ Location Locate(Position at) {
 
   Location location;
   location.file = at.source->name;
-  location.line = 1 + static_cast<int>(std::count(before.begin(), before.end(), '\n'));
+  location.line = LineOf(at);
   location.column = 1 + CountCharacters(line.substr(0, place));
   if (line.size() > kLongestExcerpt) {
     const std::size_t first = CharacterStart(line, place > kContext ? place - kContext : 0);

@@ -28,6 +28,9 @@ struct Location {
   int caret = 0;        // characters of the excerpt before the place
 };
 
+// The place's line, from 1.
+int LineOf(Position at);
+
 // Counts the lines up to the place.
 Location Locate(Position at);
 

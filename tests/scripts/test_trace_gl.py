@@ -1,4 +1,5 @@
-"""talq --trace-gl prints the OpenGL calls of the module, one a line, and changes nothing else."""
+"""talq --trace-gl prints the OpenGL calls of the module, one a line, below the line of the script that they come from,
+and changes nothing else."""
 
 import pathlib
 import re
@@ -22,6 +23,7 @@ gl->SetClearColor(0.25, 0.5, 1);
 gl->OpenBitmap(device);
 """
 BITMAP_FLAGS = "PFD_DRAW_TO_BITMAP | PFD_SUPPORT_GDI | PFD_SUPPORT_OPENGL | PFD_SWAP_COPY"
+PLACE = re.compile(r".+:\d+:|outside of calls:")
 TRIANGLE = "gl->Triangles([0,0,0, 1.5,0,0, 0,0.1,0], [0,0,1, 0,1,0, 1,0,0]);\n"
 
 
@@ -35,7 +37,7 @@ def numbered(lines):
 def trace(talq, script):
     run = talq(script, options=["--trace-gl"])
     assert run.exit_code == 0, run.shown()
-    return run.stderr.splitlines()
+    return [line for line in run.stderr.splitlines() if not PLACE.fullmatch(line)]
 
 
 def calls_of(talq, statements):
@@ -211,12 +213,46 @@ def test_calls_and_prints_are_in_order(tmp_path):
         lines = both.read().decode().splitlines()
     start = lines.index("one")
     assert lines[start - 1] == "glDisable(GL_BLEND)"
-    assert lines[start:-2] == ["one", "glFlush()", "glFinish()", "two", "glEndList()", "3"]
+    place = "script.talq:9:"
+    assert lines[start:-3] == ["one", place, "glFlush()", "glFinish()", "two", "glEndList()", "3"]
+    assert lines[-3] == "outside of calls:"
 
 
 def test_statements_of_the_command_line_are_traced(talq_options):
     run = talq_options("--trace-gl", "-e", "gl = new TOpenGL(); gl->EndList(); Print(5);")
-    assert (run.exit_code, run.stdout, run.stderr) == (0, "5\n", "glEndList()\n"), run.shown()
+    assert (run.exit_code, run.stdout, run.stderr) == (0, "5\n", "-e:1:\nglEndList()\n"), run.shown()
+
+
+def test_the_line_stands_before_each_group_of_calls(talq):
+    functions = """
+function Ends(gl) {
+  gl->EndList(); gl->EndList();
+  gl->EndList();
+}
+gl = new TOpenGL();
+gl->EndList();
+Ends(gl);
+gl->EndList();
+"""
+    run = talq(functions, options=["--trace-gl"])
+    expected = [(7, 1), (3, 2), (4, 1), (9, 1)]
+    lines = [line for number, calls in expected for line in (f"script.talq:{number}:", *["glEndList()"] * calls)]
+    assert [line.rpartition("/")[2].rpartition("\\")[2] for line in run.stderr.splitlines()] == lines, run.shown()
+
+
+def test_a_filter_leaves_other_calls_out(talq):
+    script = OPEN + "gl->EnableLight(true); gl->SetLightPosition(-5, 5, 5); gl->Flush();"
+    run = talq(script, options=["--trace-gl=glFrustum,glLight*v,*Finish"])
+    assert run.exit_code == 0, run.shown()
+    names = [line.partition("(")[0] for line in run.stderr.splitlines() if not PLACE.fullmatch(line)]
+    assert names == ["glFrustum", *["glLightfv"] * 5, "glFinish"], run.shown()
+
+
+def test_a_filter_that_fits_nothing_is_an_error(talq_options):
+    run = talq_options("--trace-gl=glFrustum,glLigtf", "-e", "Print(1);")
+    assert (run.exit_code, run.stdout) == (1, ""), run.shown()
+    assert run.stderr.startswith("talq: No function that can be traced is called 'glLigtf'."), run.shown()
+    assert talq_options("--trace-gl=", "-e", "Print(1);").exit_code == 2
 
 
 def test_the_picture_is_the_same(talq):
@@ -242,7 +278,7 @@ def test_exit_code_and_message_of_a_failure_stay_on_a_window(talq):
     traced = talq(script, window=True, options=["--trace-gl"])
     assert plain.exit_code == traced.exit_code == 1
     assert "OGL_CANTBIND_DC: Can't bind Device Context System error #" in plain.stderr
-    lines = traced.stderr.splitlines()
+    lines = [line for line in traced.stderr.splitlines() if not PLACE.fullmatch(line)]
     message = plain.stderr.splitlines()
     at = lines.index(message[0])
     assert re.fullmatch(r"wglMakeCurrent\(.*\) = FALSE", lines[at - 1])
