@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <regex>
 #include <set>
 #include <string>
 
@@ -30,7 +31,7 @@ std::string HelpOn(std::string_view topic, const std::vector<ReferenceEntry>& re
   return devhost::script::FindHelp(reference, topic, text, message) ? text : "refused: " + message;
 }
 
-// The entry's part of the document, without the marks of headings and fences.
+// The entry's part of the document, without the marks of headings and fences, and without pictures.
 std::string EntryInDocument(std::string_view name) {
   const std::string heading = "### " + std::string(name) + "\n";
   const std::string_view document = devhost::ReferenceText();
@@ -38,7 +39,7 @@ std::string EntryInDocument(std::string_view name) {
   std::string text(document.substr(start, document.find("\n#", start) - start));
   for (const char* fence : {"\n```\n", "\n```\n"}) text.replace(text.find(fence), 5, "\n");
   while (text.ends_with("\n\n")) text.pop_back();
-  return text;
+  return std::regex_replace(text, std::regex(R"(!\[.*\]\(.*\)\n\n)"), "");
 }
 
 TEST(ReferenceTest, IsCutIntoEntries) {
@@ -111,6 +112,14 @@ TEST(ScriptHelpTest, ShowsEveryEntryAsInTheDocument) {
   ASSERT_FALSE(devhost::Reference().empty());
   for (const ReferenceEntry& entry : devhost::Reference()) {
     EXPECT_EQ(HelpOn(entry.name, devhost::Reference()), EntryInDocument(entry.name));
+  }
+}
+
+TEST(ScriptHelpTest, ShowsNoPicture) {
+  for (const std::string end : {"\n", "\r\n"}) {
+    const std::string lines = "### A::B\n\nFirst.\n\n![A b](b.png)\n\nSecond [x](y).";
+    const std::string document = std::regex_replace(lines, std::regex("\n"), end);
+    EXPECT_EQ(HelpOn("A::B", devhost::ParseReference(document)), "A::B\n\n\n\nFirst." + end + end + "Second [x](y).\n");
   }
 }
 
