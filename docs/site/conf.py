@@ -3,7 +3,8 @@
 import pathlib
 import sys
 
-sys.path.insert(0, str(pathlib.Path(__file__).parent))
+HERE = pathlib.Path(__file__).resolve().parent
+sys.path.insert(0, str(HERE))
 
 from pygments.lexers.javascript import JavascriptLexer  # noqa: E402
 
@@ -17,9 +18,15 @@ suppress_warnings = ["myst.header"]
 highlight_language = "none"
 html_theme = "furo"
 html_title = project
-html_static_path = ["static"]
+# Debian's Furo would take this style sheet from a web server.
+NORMALIZE = "/usr/share/javascript/normalize.css/normalize.css"
+html_static_path = ["static", NORMALIZE]
 html_css_files = ["site.css"]
+html_search_scorer = str(HERE / "scorer.js")
+# Summaries would be read from other pages, which a browser refuses a file.
+html_show_search_summary = False
 html_show_sphinx = False
+html_show_copyright = False
 html_copy_source = False
 html_show_sourcelink = False
 html_domain_indices = False
@@ -27,6 +34,20 @@ html_domain_indices = False
 html_scaled_image_link = False
 
 
+def replace_in(path, old, new):
+    path.write_text(path.read_text().replace(old, new))
+
+
+def make_furo_work_from_files(app, error):
+    """A browser refuses a file the import of a module, and has no server's folder."""
+    if not error:
+        static = pathlib.Path(app.outdir, "_static")
+        gumshoe = (static / "scripts" / "gumshoe-patched.js").read_text()
+        replace_in(static / "scripts" / "furo.js", 'import Gumshoe from "./gumshoe-patched.js";', gumshoe)
+        replace_in(static / "styles" / "furo.css", "url(/javascript/normalize.css/", "url(../")
+
+
 def setup(app):
+    app.connect("build-finished", make_furo_work_from_files)
     # The nearest language whose colours are known.
     app.add_lexer("talq", JavascriptLexer)

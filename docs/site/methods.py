@@ -13,9 +13,10 @@ CLASSES = ("TOpenGL", "OglColor", "OglMaterial")
 
 
 def name_meant(text, own_class):
-    """The method that a text in code style names, `Sphere`, `Sphere(...)` or `TOpenGL::Sphere`; null for none."""
+    """The method that a text in code style names, `Sphere`, `Sphere(...)` or `TOpenGL::Sphere`; null for none. A class's
+    name alone means the class."""
     called = re.fullmatch(r"(?:gl->)?((?:\w+::)?\w+)(?:\(.*\);?)?", text)
-    if not called:
+    if not called or called[1] in CLASSES:
         return None
     candidates = [called[1], *(f"{name}::{called[1]}" for name in (own_class, *CLASSES))]
     return next((name for name in candidates if name in NAMES), None)
