@@ -13,6 +13,7 @@ ENGINEERS = ["architecture", "testing", "performance", "mutants", "real-host", "
 # Those for authors that come first and last; between them stand all others by their names.
 FIRST = ["tutorial"]
 LAST = ["gallery", "reference"]
+PICTURES = {".png", ".svg", ".jpg"}
 LINK = re.compile(r'(\]\(|<img src=")([^)"#]*)(#[^)"]*)?')
 FENCED = re.compile(r"(^```.*?^```$)", re.MULTILINE | re.DOTALL)
 
@@ -20,10 +21,6 @@ FENCED = re.compile(r"(^```.*?^```$)", re.MULTILINE | re.DOTALL)
 def slug(heading):
     """The anchor of a heading, as readers of Markdown make it."""
     return re.sub(r"[^\w\- ]", "", heading.strip().lower()).replace(" ", "-")
-
-
-def place_in(names, order):
-    return order.index(names) if names in order else len(order)
 
 
 def documents():
@@ -71,9 +68,10 @@ class Reference:
 
 
 class Pages:
-    """All pages: their texts by their names."""
+    """All pages of a folder: their texts by their names."""
 
-    def __init__(self):
+    def __init__(self, folder):
+        self.root = os.path.relpath(ROOT, folder)  # where pictures are taken from
         self.documents = documents()
         self.reference = Reference()
         self.texts = {}
@@ -101,8 +99,8 @@ class Pages:
         if page == REFERENCE:
             page = self.reference.page_of.get(anchor[1:], REFERENCE)
             anchor = "" if f"{REFERENCE}/{anchor[1:]}" == page else anchor
-        elif path.suffix == ".png":
-            return before + "/" + str(path.relative_to(ROOT))
+        elif path.suffix in PICTURES:
+            return f"{before}/{self.root}/{path.relative_to(ROOT)}"
         elif page is None:
             page = self.source_page(path)
         return f"{before}{os.path.relpath(f'{page}.md', pathlib.PurePath(name).parent)}{anchor}"
@@ -119,18 +117,13 @@ class Pages:
 
 def write_pages(folder):
     """Writes every page into the folder, leaving those that are the same untouched, and takes away all others."""
-    texts = {folder / f"{name}.md": text for name, text in Pages().texts.items()}
+    texts = {folder / f"{name}.md": text for name, text in Pages(folder).texts.items()}
     for path in set(folder.rglob("*.md")) - set(texts):
         path.unlink()
     for path, text in texts.items():
         if not path.exists() or path.read_text() != text:
             path.parent.mkdir(parents=True, exist_ok=True)
             path.write_text(text)
-    # Pictures are taken from where they lie.
-    for linked in ("docs/pictures", "docs/windows", "examples/pictures"):
-        if not (folder / linked).exists():
-            (folder / linked).parent.mkdir(parents=True, exist_ok=True)
-            (folder / linked).symlink_to(ROOT / linked)
 
 
 if __name__ == "__main__":
