@@ -13,13 +13,18 @@ CLASSES = ("TOpenGL", "OglColor", "OglMaterial")
 
 
 def name_meant(text, own_class):
-    """The method that a text in code style names, `Sphere`, `Sphere(...)` or `TOpenGL::Sphere`; null for none. A class's
-    name alone means the class."""
+    """The method that a text in code style names, `Sphere`, `Sphere(...)` or `TOpenGL::Sphere`; null for none, and for
+    the name of a class."""
     called = re.fullmatch(r"(?:gl->)?((?:\w+::)?\w+)(?:\(.*\);?)?", text)
     if not called or called[1] in CLASSES:
         return None
     candidates = [called[1], *(f"{name}::{called[1]}" for name in (own_class, *CLASSES))]
     return next((name for name in candidates if name in NAMES), None)
+
+
+def identity_of(name):
+    """The anchor of a method's entry."""
+    return nodes.make_id(name.replace("~", "destroy-").replace("*=", "multiply-assign").replace("*", "multiply"))
 
 
 class MethodEntries(SphinxTransform):
@@ -38,7 +43,7 @@ class MethodEntries(SphinxTransform):
         if name not in NAMES:
             return
         owner, method = name.split("::")
-        identity = nodes.make_id(name.replace("~", "destroy-").replace("*=", "multiply-assign").replace("*", "multiply"))
+        identity = identity_of(name)
         section["ids"].insert(0, identity)
         section.insert(1, index(entries=[("single", f"{method} ({owner})", identity, "", None)]))
         self.env.get_domain("std").note_object("method", name, identity, location=section)

@@ -8,11 +8,16 @@ import sys
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 REFERENCE = "docs/reference"
-# For engineers; every other page of docs/ is for authors of scripts.
-ENGINEERS = ["architecture", "testing", "performance", "mutants", "real-host", "building-on-windows"]
-# Those for authors that come first and last; between them stand all others by their names.
-FIRST = ["tutorial"]
-LAST = ["gallery", "reference"]
+# The pages for engineers, in order; all others are for authors of scripts.
+ENGINEERS = [
+    *("docs/architecture", "CONTRIBUTING", "docs/testing", "docs/performance", "docs/mutants", "docs/real-host"),
+    *("docs/building-on-windows", "CHANGELOG"),
+]
+# Those for authors that come first and last; between them stand the others by their names.
+FIRST = ["docs/tutorial"]
+LAST = ["docs/gallery", REFERENCE, "devhost/README"]
+# How the navigation calls a page that is not to have its own heading's name.
+TITLES = {"devhost/README": "The language and its host </devhost/README>", "genindex": "Methods from A to Z <genindex>"}
 PICTURES = {".png", ".svg", ".jpg"}
 LINK = re.compile(r'(\]\(|<img src=")([^)"#]*)(#[^)"]*)?')
 FENCED = re.compile(r"(^```.*?^```$)", re.MULTILINE | re.DOTALL)
@@ -32,20 +37,15 @@ def documents():
 
 def sections():
     """The navigation: the title of each part, and its pages in order."""
-    stems = [path.stem for path in sorted((ROOT / "docs").glob("*.md"))]
-    between = [stem for stem in stems if stem not in [*FIRST, *LAST, *ENGINEERS]]
-    authors = [stem for stem in [*FIRST, *between, *LAST] if stem in stems]
-    engineers = [stem for stem in ENGINEERS if stem in stems]
-    return {
-        "For authors of scripts": [*(f"docs/{stem}" for stem in authors), "devhost/README", "genindex"],
-        "For engineers": [f"docs/{engineers[0]}", "CONTRIBUTING", *(f"docs/{stem}" for stem in engineers[1:]), "CHANGELOG"],
-    }
+    pages = documents()
+    between = [page for page in pages if page not in ["index", *FIRST, *LAST, *ENGINEERS]]
+    authors = [page for page in [*FIRST, *between, *LAST] if page in pages]
+    return {"For authors of scripts": [*authors, "genindex"], "For engineers": ENGINEERS}
 
 
 def toctree(pages, caption=""):
     caption = f":caption: {caption}\n" if caption else ""
-    titles = {"/devhost/README": "The language and its host </devhost/README>", "/genindex": "Methods from A to Z <genindex>"}
-    lines = [titles.get(f"/{page}", f"/{page}") for page in pages]
+    lines = [TITLES.get(page, f"/{page}") for page in pages]
     return f"\n```{{toctree}}\n:hidden:\n{caption}\n" + "\n".join(lines) + "\n```\n"
 
 

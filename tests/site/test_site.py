@@ -17,6 +17,9 @@ ROOT = pathlib.Path(__file__).resolve().parents[2]
 SITE = ROOT / "build" / "site"
 REFERENCE = (ROOT / "docs" / "reference.md").read_text()
 DESKTOP, PHONE = (1280, 900), (390, 844)
+BROKEN_PICTURES = """
+return [...document.images].filter(image => image.complete && !image.naturalWidth).map(image => image.src);
+"""
 # What of a page's text leaves the window at the right, or scrolls sideways in its place.
 TOO_WIDE = """
 const scrolls = part => part.scrollWidth > part.clientWidth + 1 && getComputedStyle(part).overflowX !== 'visible';
@@ -126,8 +129,7 @@ def test_every_page_fits_a_phone_and_asks_for_nothing_but_the_site(pages, browse
         browser.open(path, PHONE)
         assert browser.run("return document.documentElement.scrollWidth") <= PHONE[0], path
         assert browser.run(TOO_WIDE) == [], path
-        broken = "return [...document.images].filter(image => image.complete && !image.naturalWidth).map(image => image.src)"
-        assert browser.run(broken) == [], path
+        assert browser.run(BROKEN_PICTURES) == [], path
         assert browser.complaints() == [], path
     requested = browser.requested()
     assert len(requested) > len(pages)
