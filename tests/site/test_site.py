@@ -194,6 +194,11 @@ def test_the_button_changes_the_theme(browser):
     assert browser.run("return document.body.dataset.theme") != before
 
 
+def test_help_says_where_the_site_is():
+    done = subprocess.run([ROOT / "docs-site", "--help"], capture_output=True, text=True)
+    assert done.returncode == 0 and "build/site/index.html" in done.stdout
+
+
 def test_an_unknown_option_is_refused():
     done = subprocess.run([ROOT / "docs-site", "--nonsense"], capture_output=True, text=True)
     assert (done.returncode, done.stdout) == (1, "")
