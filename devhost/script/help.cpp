@@ -1,14 +1,32 @@
 #include "devhost/script/help.h"
 
+#include <algorithm>
+
 #include "devhost/runtime/near_names.h"
+#include "devhost/runtime/text.h"
 
 namespace devhost::script {
 namespace {
 
-// The entry as in the document, without its marks.
+// The text without its pictures, each of which is a line with an empty one behind it: a terminal shows none.
+std::string WithoutPictures(std::string_view text) {
+  std::string rest;
+  bool isBehindPicture = false;
+  while (!text.empty()) {
+    const std::string_view line = text.substr(0, std::min(text.find('\n'), text.size() - 1) + 1);
+    text.remove_prefix(line.size());
+    const bool isPicture = line.starts_with("![");
+    if (!isPicture && !(isBehindPicture && Trimmed(line, "\r\n").empty())) rest += line;
+    isBehindPicture = isPicture;
+  }
+  return rest;
+}
+
+// The entry as in the document, without its marks and pictures.
 std::string TextOfEntry(const ReferenceEntry& entry) {
+  const std::string description = WithoutPictures(entry.text);
   std::string text;
-  for (const std::string_view part : {entry.name, entry.block, entry.text}) {
+  for (const std::string_view part : {entry.name, entry.block, std::string_view(description)}) {
     if (!text.empty()) text += "\n";
     text.append(part).append("\n");
   }

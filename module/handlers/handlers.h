@@ -61,9 +61,11 @@ void EndSelection(TOpenGL& self, ScriptCall& call);
 
 // ---- Indexed batches (indexed.cpp)
 // Takes a Vector of point Vectors, one of normal Vectors, the indices, and a Vector of materials. Raises error 8 for a
-// list that has not as many normals as points or no whole triangles. What is no OglMaterial counts as none.
+// list that has not as many normals as points or no whole triangles. An element that is not an OglMaterial counts as
+// none.
 void TrianglesEx(const TOpenGL& self, ScriptCall& call);
-// Takes a Vector of meshes, the indices, and a Vector of materials. What is no mesh has no triangles.
+// Takes a Vector of meshes, the indices, and a Vector of materials. An element that is not a mesh counts as
+// one without triangles.
 void TrianglesExFB(const TOpenGL& self, ScriptCall& call);
 
 // ---- Solids (solids.cpp)

@@ -102,10 +102,15 @@ def headless_wine():
         yield
 
 
+def run_drawing(script, folder):
+    """Runs a script that leaves pictures in the folder's own folder "out"."""
+    (pathlib.Path(folder) / "out").mkdir()
+    return run_in_wine("talq.exe", [script], folder)
+
+
 def run_example(name, folder):
     """Draws an example of the gallery; the last line that it prints may tell of its scene."""
-    (pathlib.Path(folder) / "out").mkdir()
-    return run_in_wine("talq.exe", [gallery.script_of(name, folder)], folder)
+    return run_drawing(gallery.script_of(name, folder), folder)
 
 
 def run_volume(folder):

@@ -1,4 +1,4 @@
-"""The gallery: which pictures it has, how each is made, and when two pictures are the same."""
+"""The gallery: which pictures it has, and how each is made."""
 
 import pathlib
 import re
@@ -55,26 +55,3 @@ def sources_of(script):
 def colors_in(picture):
     """The colours of the picture's pixels, each once, as one number."""
     return numpy.unique(picture.astype(int) @ [1 << 16, 1 << 8, 1])
-
-
-class Difference:
-    """How far two pictures of one size lie apart, in levels of 0 to 255: on average, by the channel of each pixel that
-    differs most, and by the mean colour of the square of pixels that differs most."""
-
-    # Another driver may round colours and edges differently. It does not draw something else, nor elsewhere.
-    MEAN = 0.4
-    SQUARE = 3
-    SIDE = 20  # of a square, which divides all sizes
-
-    def __init__(self, picture, expected):
-        difference = picture.astype(numpy.int16) - expected
-        rows, columns = (size // self.SIDE for size in expected.shape[:2])
-        squares = difference.reshape(rows, self.SIDE, columns, self.SIDE, 3)
-        self.mean = numpy.abs(difference).max(axis=2).mean()
-        self.square = numpy.abs(squares.mean(axis=(1, 3))).max()
-
-    def is_small(self):
-        return self.mean < self.MEAN and self.square < self.SQUARE
-
-    def __str__(self):
-        return f"{self.mean:.2f} levels on average, {self.square:.2f} in one square"

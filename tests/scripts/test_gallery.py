@@ -2,12 +2,11 @@
 
 import re
 
-import numpy
 import pytest
 
 import conftest
 import gallery
-from gallery import Difference
+from comparison import CHANGES, Difference
 
 # Methods of the renderer that draw nothing: they open and close it, ask, and free.
 NOT_DRAWING = {
@@ -74,26 +73,7 @@ def test_program_draws_the_volumes(volume):
     assert difference.is_small(), str(difference)
 
 
-def without_a_part(picture):
-    """Of an eighth of the width and height where most happens, only one colour is left."""
-    rows, columns = (size // 8 for size in picture.shape[:2])
-    places = [(slice(row, row + rows), slice(column, column + columns))
-              for row in range(0, 8 * rows, rows) for column in range(0, 8 * columns, columns)]
-    place = max(places, key=lambda place: picture[place].std())
-    broken = picture.copy()
-    broken[place] = broken[place][0, 0]
-    return broken
-
-
-def in_another_tint(picture):
-    return (picture * [1, 0.98, 1]).astype(numpy.uint8)
-
-
-def moved_by_a_pixel(picture):
-    return numpy.roll(picture, 1, axis=1)
-
-
-@pytest.mark.parametrize("change", [without_a_part, in_another_tint, moved_by_a_pixel])
+@pytest.mark.parametrize("change", CHANGES)
 @pytest.mark.parametrize("name", gallery.NAMES)
 def test_comparison_sees(name, change):
     picture = conftest.read_picture(gallery.PICTURES / f"{name}.png")

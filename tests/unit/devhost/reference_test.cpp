@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <regex>
 #include <set>
 #include <string>
 
@@ -30,7 +31,7 @@ std::string HelpOn(std::string_view topic, const std::vector<ReferenceEntry>& re
   return devhost::script::FindHelp(reference, topic, text, message) ? text : "refused: " + message;
 }
 
-// The entry's part of the document, without the marks of headings and fences.
+// The entry's part of the document, without the marks of headings and fences, and without pictures.
 std::string EntryInDocument(std::string_view name) {
   const std::string heading = "### " + std::string(name) + "\n";
   const std::string_view document = devhost::ReferenceText();
@@ -38,7 +39,7 @@ std::string EntryInDocument(std::string_view name) {
   std::string text(document.substr(start, document.find("\n#", start) - start));
   for (const char* fence : {"\n```\n", "\n```\n"}) text.replace(text.find(fence), 5, "\n");
   while (text.ends_with("\n\n")) text.pop_back();
-  return text;
+  return std::regex_replace(text, std::regex(R"(!\[.*\]\(.*\)\n\n)"), "");
 }
 
 TEST(ReferenceTest, IsCutIntoEntries) {
@@ -111,6 +112,18 @@ TEST(ScriptHelpTest, ShowsEveryEntryAsInTheDocument) {
   ASSERT_FALSE(devhost::Reference().empty());
   for (const ReferenceEntry& entry : devhost::Reference()) {
     EXPECT_EQ(HelpOn(entry.name, devhost::Reference()), EntryInDocument(entry.name));
+  }
+}
+
+std::string WithLineEnds(const std::string& text, const std::string& end) {
+  return std::regex_replace(text, std::regex("\n"), end);
+}
+
+TEST(ScriptHelpTest, ShowsNoPicture) {
+  for (const char* end : {"\n", "\r\n"}) {
+    const std::string document = WithLineEnds("### A::B\n\nFirst.\n\n![A b](b.png)\n\nSecond [x](y).", end);
+    const std::string shown = HelpOn("A::B", devhost::ParseReference(document));
+    EXPECT_EQ(shown.substr(shown.find("First")), WithLineEnds("First.\n\nSecond [x](y).", end) + "\n");
   }
 }
 
