@@ -54,10 +54,11 @@ def test_each_entry_says_something_and_ends_with_an_example():
         assert EXAMPLE.search(text) and not text.startswith("Example:"), name
 
 
-def test_examples_run_one_after_another(talq):
+def test_examples_run_one_after_another_without_a_mistake(talq):
     names = re.search(r"^```talq\n(.*?)^```$", DOCUMENT[: DOCUMENT.index("\n## ")], re.MULTILINE | re.DOTALL)
     statements = [EXAMPLE.search(text).group(1) for _, _, text in ENTRIES]
-    run = talq(names.group(1) + "\n".join([*statements, 'Print("the last example has run");']) + "\n")
+    script = names.group(1) + "\n".join([*statements, 'Print("the last example has run");']) + "\n"
+    run = talq(script, options=["--check"])
     assert run.exit_code == 0, run.shown()
     assert run.stdout.endswith("the last example has run\n") and run.stderr == "", run.shown()
 
