@@ -21,6 +21,7 @@ WINE_SERVER = "/usr/lib/wine/wineserver"
 TIME_LIMIT = 900  # seconds
 CLOSING_LIMIT = 120  # seconds, for Wine, of which it takes some
 MEBIBYTE = 1 << 20
+MOST_USED = 1024  # bytes of a script's own values, more or fewer than before
 
 
 @dataclasses.dataclass
@@ -226,13 +227,17 @@ def run_program(tmp_path):
 
 @pytest.fixture
 def assert_nothing_kept(run_program):
-    """assert_nothing_kept(grown, handles, openings): bytes and handles that a script has lost are not the module's."""
+    """assert_nothing_kept(run): a script went well, and what it has lost is not the module's. It printed by how many
+    bytes the process has grown, and what is in use of its heaps; and by how many handles, over how many openings."""
 
-    def check(grown, handles, openings):
-        assert handles == 0
-        # Wine's driver keeps some 200 bytes of each context that was current.
+    def check(run):
+        assert run.exit_code == 0, run.shown()
+        grown, used, handles, openings = map(int, run.stdout.split())
+        # Wine's driver keeps some 200 bytes of each context that was current, outside the heaps.
         driver = int(run_program("driver_growth.exe", openings).stdout)
-        print(f"grown by {grown} bytes, the driver alone by {driver}")
+        print(f"grown by {grown} bytes, the driver alone by {driver}; in use {used} bytes more")
+        assert handles == 0
+        assert used < MOST_USED, used
         assert grown - driver < MEBIBYTE, (grown, driver)
 
     return check
@@ -245,5 +250,5 @@ def pytest_collection_modifyitems(items):
     for item in items:
         if "window" in item.name:
             item.add_marker(pytest.mark.xdist_group("window"))
-    # By far the longest comes first: the other worker runs all the rest beside it.
+    # The longest of those without a window comes first, so that it is not the last one to run.
     items.sort(key=lambda item: item.path.name != "test_open_close.py")

@@ -129,6 +129,7 @@ class UserWindow:
         self.desktop = desktop
         self.program = program
         self.id = None
+        self.moment = MOMENT  # that a press and a release have each
         self.exit_code = None
         self.stdout = self.stderr = ""
 
@@ -177,11 +178,11 @@ class UserWindow:
 
     def press(self, button="left"):
         self._do("mousedown", BUTTONS[button])
-        time.sleep(MOMENT)
+        time.sleep(self.moment)
 
     def release(self, button="left"):
         self._do("mouseup", BUTTONS[button])
-        time.sleep(MOMENT)
+        time.sleep(self.moment)
 
     def click(self, x, y, button="left"):
         self.move(x, y)

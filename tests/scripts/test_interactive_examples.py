@@ -43,6 +43,7 @@ class User:
 
     def __init__(self, window, seed):
         self.window = window
+        window.moment = 0  # in no hurry to be understood
         self.random = random.Random(seed)
         self.sizes = 0  # that the window was given
 

@@ -39,7 +39,8 @@ let s:functions = 'Assert Beside ErrorName Fail Print Raise TypeOf '
       \ .. 'abs acos asin atan atan2 byte ceil cos double exp float floor int int64 log max min pi pow random round '
       \ .. 'sin sqrt tan '
       \ .. 'RotationMatrix ScaleMatrix TranslationMatrix '
-      \ .. 'Find GdiHandles Length MemoryUse ReadObj ReadText Seconds SeedRandom Sleep Split Substring Text WriteText'
+      \ .. 'Find GdiHandles HeapUse Length MemoryUse ReadObj ReadText Seconds SeedRandom Sleep Split Substring Text '
+      \ .. 'WriteText'
 execute 'syntax match talqFunction /\<\%(' .. substitute(s:functions, ' ', '\\|', 'g') .. '\)\>\ze\s*(/'
 
 syntax match talqDefinition /\%(\<function\s\+\)\@<=\h\w*/
