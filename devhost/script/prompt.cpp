@@ -18,7 +18,9 @@ constexpr const char* kHelp =
     "comment open goes on in the next one.\n"
     "\n"
     "  help NAME  show the reference's entry, as of TOpenGL::Sphere or Sphere; the methods of a class\n"
-    "  exit       leave\n";
+    "  exit       leave\n"
+    "\n"
+    "Nothing is seen? talq --check script says why; docs/black-picture.md lists what may be wrong.\n";
 
 bool OpensBracket(TokenKind kind) {
   return kind == TokenKind::LeftParen || kind == TokenKind::LeftBracket || kind == TokenKind::LeftBrace;

@@ -104,9 +104,9 @@ def headless_wine():
 
 
 def run_drawing(script, folder):
-    """Runs a script that leaves pictures in the folder's own folder "out"."""
+    """Runs a script that leaves pictures in the folder's own folder "out", and makes no mistake that OpenGL swallows."""
     (pathlib.Path(folder) / "out").mkdir()
-    return run_in_wine("talq.exe", [script], folder)
+    return run_in_wine("talq.exe", ["--check", script], folder)
 
 
 def run_example(name, folder):
