@@ -1,5 +1,7 @@
 #include "devhost/script/console.h"
 
+#include <cstdlib>
+
 namespace devhost::script {
 namespace {
 
@@ -93,6 +95,13 @@ std::string ProgramFolder() {
   return Utf8Text(path.substr(0, path.find_last_of(L"/\\") + 1));
 }
 
+std::string EnvironmentText(const char* name) {
+  const std::wstring wideName = WideText(name);
+  std::wstring text(GetEnvironmentVariableW(wideName.c_str(), nullptr, 0), L'\0');
+  text.resize(GetEnvironmentVariableW(wideName.c_str(), text.data(), static_cast<DWORD>(text.size())));
+  return Utf8Text(text);
+}
+
 }  // namespace devhost::script
 
 #else
@@ -108,6 +117,10 @@ void Write(std::FILE* output, std::string_view text) { WriteFileText(output, tex
 void PrepareConsole() {}
 std::vector<std::string> Arguments(int argc, char** argv) { return {argv + (argc > 0 ? 1 : 0), argv + argc}; }
 std::string ProgramFolder() { return {}; }
+std::string EnvironmentText(const char* name) {
+  const char* text = std::getenv(name);
+  return text ? text : "";
+}
 
 }  // namespace devhost::script
 

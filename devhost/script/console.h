@@ -27,4 +27,7 @@ bool ReadLine(std::FILE* input, std::string& line);
 // The folder of the running program, with a separator behind it; "" where it is unknown.
 std::string ProgramFolder();
 
+// What the environment says for the name; "" for nothing.
+std::string EnvironmentText(const char* name);
+
 }  // namespace devhost::script
