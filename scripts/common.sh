@@ -69,6 +69,9 @@ build_preset() {
   cmake --build "$build/$preset" ${2:+--target "${@:2}"}
 }
 
+# The project's version: the newest one of CHANGELOG.md.
+version() { sed -n 's/^## \([0-9.]*\).*/\1/p;T;q' "$root/CHANGELOG.md"; }
+
 # lay_glu FOLDER: lays GLU beside a program for Windows.
 lay_glu() { cmp -s "$build/glu32/glu32.dll" "$build/$1/glu32.dll" || cp "$build/glu32/glu32.dll" "$build/$1/"; }
 
