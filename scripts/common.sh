@@ -93,6 +93,15 @@ use_wine() {
   wine=/usr/lib/wine/wine64
 }
 
+# pack_vscode FILE: packs the extension for Visual Studio Code, with the names that the built talq lists.
+pack_vscode() (
+  use_wine headless
+  unset DISPLAY
+  set -o pipefail
+  { "$wine" "$program_dir/talq.exe" --list && "$wine" "$program_dir/talq.exe" --list --no-module; } |
+    "$root/scripts/pack-vscode" "$(version)" "$1"
+)
+
 # Runs a Wine program on a display of its own, once in a script. A window manager is there, because Wine would wait two
 # seconds for one whenever a window closes.
 with_virtual_display() {

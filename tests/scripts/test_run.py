@@ -70,7 +70,7 @@ def test_run_works_through_a_link(tmp_path):
     assert (done.returncode, done.stdout) == (0, "42\n"), done.stderr
 
 
-@pytest.mark.parametrize("name", ["test", "bench", "check-host"])
+@pytest.mark.parametrize("name", ["test", "package", "bench", "check-host"])
 def test_other_commands_work_through_a_link(tmp_path, name):
     (tmp_path / name).symlink_to(ROOT / name)
     done = conftest.run_captured([tmp_path / name, "--help"], cwd=tmp_path)
