@@ -34,8 +34,10 @@ class FullDisk {
 
 class FilesTest : public DevhostTest {
  protected:
-  FilesTest() { std::filesystem::remove_all(folder); }
-  ~FilesTest() override { std::filesystem::remove_all(folder); }
+  void TearDown() override {
+    std::filesystem::remove_all(folder);
+    DevhostTest::TearDown();
+  }
 
   std::string Content(const std::string& path) {
     std::string content;
