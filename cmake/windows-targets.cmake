@@ -63,6 +63,10 @@ target_link_options(talq_program PRIVATE $<IF:$<BOOL:${TALQ_MSVC_ABI_CROSS}>,--s
 add_executable(driver_growth tests/contexts/driver_growth.cpp)
 target_link_libraries(driver_growth PRIVATE project_options opengl32 gdi32)
 
+# What the language makes of a script's text, with which the editors' colours are compared.
+add_executable(print_tokens tests/editors/print_tokens.cpp devhost/script/lexer.cpp)
+target_link_libraries(print_tokens PRIVATE project_options)
+
 # Programs of the tests that use the renderer itself, for what no script reaches.
 foreach(name volume_picture raster_position native_type)
   add_library(${name}_part OBJECT tests/renderer/${name}.cpp tests/renderer/memory_frame.cpp)

@@ -69,6 +69,9 @@ build_preset() {
   cmake --build "$build/$preset" ${2:+--target "${@:2}"}
 }
 
+# The project's version: the newest one of CHANGELOG.md.
+version() { sed -n 's/^## \([0-9.]*\).*/\1/p;T;q' "$root/CHANGELOG.md"; }
+
 # lay_glu FOLDER: lays GLU beside a program for Windows.
 lay_glu() { cmp -s "$build/glu32/glu32.dll" "$build/$1/glu32.dll" || cp "$build/glu32/glu32.dll" "$build/$1/"; }
 
@@ -89,6 +92,15 @@ use_wine() {
   export WINEDLLOVERRIDES='mscoree=;mshtml=;winedbg.exe=;services.exe=;winemenubuilder.exe=;glu32=n'
   wine=/usr/lib/wine/wine64
 }
+
+# pack_vscode FILE: packs the extension for Visual Studio Code, with the names that the built talq lists.
+pack_vscode() (
+  use_wine headless
+  unset DISPLAY
+  set -o pipefail
+  { "$wine" "$program_dir/talq.exe" --list && "$wine" "$program_dir/talq.exe" --list --no-module; } |
+    "$root/scripts/pack-vscode" "$(version)" "$1"
+)
 
 # Runs a Wine program on a display of its own, once in a script. A window manager is there, because Wine would wait two
 # seconds for one whenever a window closes.

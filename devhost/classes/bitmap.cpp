@@ -1,4 +1,5 @@
 // MBmp: a bitmap of three bytes a pixel, blue, green, red; rows tightly packed, row 0 lowest.
+#include <algorithm>
 #include <cstddef>
 #include <memory>
 
@@ -109,10 +110,20 @@ void Load(VarRegister&, VarRegister* args, int argc, Processor*) {
   if (Bitmap* bitmap = This(args, argc)) LoadFile(*bitmap, std::string(TextIn(args[0].GetVar())));
 }
 
+bool IsPngName(std::string_view path) {
+  std::string ending(path.substr(path.size() - std::min<std::size_t>(path.size(), 4)));
+  for (char& c : ending) c |= ' ';  // small letters; the point stays
+  return ending == ".png";
+}
+
 void Save(VarRegister&, VarRegister* args, int argc, Processor*) {
   Bitmap* bitmap = This(args, argc);
   if (!bitmap) return;
   const std::string path(TextIn(args[0].GetVar()));
+  if (!IsPngName(path)) {
+    Raise(kErrorFile, path + " cannot be written: a picture is saved as PNG, under a name that ends with .png.");
+    return;
+  }
   const std::string file = EncodePng(bitmap->width, bitmap->height, bitmap->Pixel(0, 0));
   if (file.empty()) {
     Raise(kErrorFile, path + " cannot be written: the picture cannot be encoded.");

@@ -5,6 +5,7 @@
 
 #include "devhost/classes/tables.h"
 #include "devhost/runtime/number.h"
+#include "devhost/runtime/text.h"
 
 namespace devhost {
 namespace {
@@ -57,13 +58,16 @@ void SeedRandom(VarRegister&, VarRegister* args, int, Processor*) {
   if (randomState == 0) randomState = kFirstSeed;  // the state must not be 0
 }
 
-// A number, or the number that a text begins with.
+constexpr std::string_view kBlanks = " \t\r\n";
+
+// A number, or the one that a text holds, blanks around it aside.
 Variable NumberIn(Variable& source) {
   if (IsNumeric(source)) return source;
   const std::string text(TextIn(source));
   char* end = nullptr;
   const double value = std::strtod(text.c_str(), &end);
-  if (end == text.c_str()) Raise(kErrorConversion, "\"" + text + "\" is not a number.");
+  if (end == text.c_str() || !Trimmed(end, kBlanks).empty())
+    Raise(kErrorConversion, "\"" + text + "\" is not a number.");
   return Variable(value);
 }
 

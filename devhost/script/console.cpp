@@ -1,16 +1,9 @@
 #include "devhost/script/console.h"
 
+#include <cstdlib>
+
 namespace devhost::script {
 namespace {
-
-bool ReadFileLine(std::FILE* input, std::string& line) {
-  line.clear();
-  int c = std::fgetc(input);
-  if (c == EOF) return false;
-  for (; c != EOF && c != '\n'; c = std::fgetc(input)) line += static_cast<char>(c);
-  if (line.ends_with('\r')) line.pop_back();
-  return true;
-}
 
 void WriteFileText(std::FILE* output, std::string_view text) { std::fwrite(text.data(), 1, text.size(), output); }
 
@@ -34,31 +27,6 @@ namespace {
 HANDLE outputConsole = nullptr;
 HANDLE errorConsole = nullptr;
 
-// The console behind a stream; null for a file or a pipe.
-HANDLE ConsoleOf(std::FILE* stream) {
-  const auto handle = reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(stream)));
-  DWORD mode = 0;
-  return GetConsoleMode(handle, &mode) ? handle : nullptr;
-}
-
-// Ctrl+Z at the start of a line ends the input.
-bool ReadConsoleLine(HANDLE console, std::string& line) {
-  constexpr wchar_t kCtrlZ = 26;
-  std::wstring wide;
-  wchar_t piece[256];
-  for (DWORD count = 0; !wide.ends_with(L'\n'); wide.append(piece, count)) {
-    if (!ReadConsoleW(console, piece, static_cast<DWORD>(std::size(piece)), &count, nullptr) || count == 0) break;
-  }
-  if (wide.empty() || wide.front() == kCtrlZ) return false;
-  line = Utf8Text(std::wstring_view(wide).substr(0, wide.find_first_of(L"\r\n")));
-  return true;
-}
-
-bool Read(std::FILE* input, std::string& line) {
-  const HANDLE console = ConsoleOf(input);
-  return console ? ReadConsoleLine(console, line) : ReadFileLine(input, line);
-}
-
 void Write(std::FILE* output, std::string_view text) {
   const HANDLE console = output == stdout ? outputConsole : errorConsole;
   if (!console) {
@@ -70,6 +38,12 @@ void Write(std::FILE* output, std::string_view text) {
 }
 
 }  // namespace
+
+void* ConsoleOf(std::FILE* stream) {
+  const auto handle = reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(stream)));
+  DWORD mode = 0;
+  return GetConsoleMode(handle, &mode) ? handle : nullptr;
+}
 
 void PrepareConsole() {
   _setmode(_fileno(stdout), _O_BINARY);
@@ -93,6 +67,13 @@ std::string ProgramFolder() {
   return Utf8Text(path.substr(0, path.find_last_of(L"/\\") + 1));
 }
 
+std::string EnvironmentText(const char* name) {
+  const std::wstring wideName = WideText(name);
+  std::wstring text(GetEnvironmentVariableW(wideName.c_str(), nullptr, 0), L'\0');
+  text.resize(GetEnvironmentVariableW(wideName.c_str(), text.data(), static_cast<DWORD>(text.size())));
+  return Utf8Text(text);
+}
+
 }  // namespace devhost::script
 
 #else
@@ -100,7 +81,6 @@ std::string ProgramFolder() {
 namespace devhost::script {
 namespace {
 
-bool Read(std::FILE* input, std::string& line) { return ReadFileLine(input, line); }
 void Write(std::FILE* output, std::string_view text) { WriteFileText(output, text); }
 
 }  // namespace
@@ -108,6 +88,10 @@ void Write(std::FILE* output, std::string_view text) { WriteFileText(output, tex
 void PrepareConsole() {}
 std::vector<std::string> Arguments(int argc, char** argv) { return {argv + (argc > 0 ? 1 : 0), argv + argc}; }
 std::string ProgramFolder() { return {}; }
+std::string EnvironmentText(const char* name) {
+  const char* text = std::getenv(name);
+  return text ? text : "";
+}
 
 }  // namespace devhost::script
 
@@ -116,11 +100,6 @@ std::string ProgramFolder() { return {}; }
 namespace devhost::script {
 
 void Print(std::string_view text) { Write(stdout, text); }
-
-bool ReadLine(std::FILE* input, std::string& line) {
-  std::fflush(stdout);
-  return Read(input, line);
-}
 
 bool Complain(const std::string& message) {
   std::fflush(stdout);

@@ -20,11 +20,15 @@ void Print(std::string_view text);
 // Prints the message to stderr, behind what was printed to stdout; false for the caller to return.
 bool Complain(const std::string& message);
 
-// Reads a line, without its end, from a console, a file or a pipe, when all that was printed is shown; false at the end
-// of the input.
-bool ReadLine(std::FILE* input, std::string& line);
-
 // The folder of the running program, with a separator behind it; "" where it is unknown.
 std::string ProgramFolder();
+
+// What the environment says for the name; "" for nothing.
+std::string EnvironmentText(const char* name);
+
+#if defined(_WIN32)
+// The handle of the console behind a stream; null for a file or a pipe.
+void* ConsoleOf(std::FILE* stream);
+#endif
 
 }  // namespace devhost::script

@@ -72,6 +72,8 @@ class Parser {
   bool ParseTopLevel();
   bool ParseParameters();
   bool ParseInclude();
+  bool ParseFileNamed(const std::string& name, std::size_t offset);
+  bool ParseIncluded(std::string path, std::string text);
   bool ParseFunction();
   bool ParseNameList(TokenKind end, std::vector<std::string>& names);
 

@@ -53,14 +53,31 @@ bool Parser::ParseInclude() {
   Advance();
   if (token.kind != TokenKind::Text) return FailExpected("the file's name as a text after 'include'");
   const std::size_t offset = token.offset;
-  std::string path = ResolvePath(source.name, token.text);
+  const std::string name = token.text;
   Advance();
   if (!EndStatement()) return false;
   if (!compilation.readFile) return Fail(offset, "files cannot be included here");
-  if (std::find(compilation.files.begin(), compilation.files.end(), path) != compilation.files.end()) return true;
+  return ParseFileNamed(name, offset);
+}
 
-  std::string text;
-  if (!compilation.readFile(path, text)) return Fail(offset, "cannot read the file '" + path + "'");
+// The first file of that name: beside the source, else in a folder where all scripts look.
+bool Parser::ParseFileNamed(const std::string& name, std::size_t offset) {
+  std::string folders;
+  std::vector<std::string> paths{ResolvePath(source.name, name)};
+  for (const std::string& folder : IncludeFolders()) {
+    paths.push_back(ResolvePath(folder + "/", name));
+    folders.append(folders.empty() ? ", nor find it in " : ", ").append(folder);
+  }
+  const auto& files = compilation.files;
+  for (std::string& path : paths) {
+    if (std::find(files.begin(), files.end(), path) != files.end()) return true;
+    std::string text;
+    if (compilation.readFile(path, text)) return ParseIncluded(std::move(path), std::move(text));
+  }
+  return Fail(offset, "cannot read the file '" + paths.front() + "'" + folders);
+}
+
+bool Parser::ParseIncluded(std::string path, std::string text) {
   const Nesting nesting(*this);
   if (nesting.tooDeep) return false;
   compilation.files.push_back(path);

@@ -1,6 +1,8 @@
 #include "devhost/script/path.h"
 
-#include <vector>
+#include <algorithm>
+
+#include "devhost/script/console.h"
 
 namespace devhost::script {
 namespace {
@@ -41,6 +43,17 @@ std::string ResolvePath(std::string_view includingFile, std::string_view path) {
     resolved += part;
   }
   return resolved;
+}
+
+std::vector<std::string> IncludeFolders() {
+  std::vector<std::string> folders;
+  const std::string list = EnvironmentText("TALQ_PATH");
+  for (std::size_t start = 0, end = 0; start < list.size(); start = end + 1) {
+    end = std::min(list.find(';', start), list.size());
+    if (end > start) folders.push_back(list.substr(start, end - start));
+  }
+  if (const std::string program = ProgramFolder(); !program.empty()) folders.push_back(program + "examples");
+  return folders;
 }
 
 }  // namespace devhost::script

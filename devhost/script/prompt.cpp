@@ -7,6 +7,7 @@
 #include "devhost/script/console.h"
 #include "devhost/script/help.h"
 #include "devhost/script/lexer.h"
+#include "devhost/script/line_input.h"
 #include "devhost/script/script.h"
 #include "devhost/script/trace.h"
 
@@ -15,7 +16,7 @@ namespace {
 
 constexpr const char* kHelp =
     "A statement runs; a value by itself is printed. Variables and functions stay. A line that leaves a bracket or a\n"
-    "comment open goes on in the next one.\n"
+    "comment open goes on in the next one. In a console, Tab completes a name, and Ctrl+C drops what is entered.\n"
     "\n"
     "  help NAME  show the reference's entry, as of TOpenGL::Sphere or Sphere; the methods of a class\n"
     "  exit       leave\n"
@@ -50,15 +51,16 @@ bool IsUnfinished(std::string_view text) {
   return !ParseMore(unused, text, "prompt", nullptr, error) && error.atEnd;
 }
 
-// Prompts for lines until they make a whole; false at the end of the input.
-bool ReadStatements(std::FILE* input, std::string& text) {
-  Print("talq> ");
-  if (!ReadLine(input, text)) return false;
+// Prompts for lines until they make a whole, or one of them is dropped, and all with it.
+LineInput ReadStatements(std::FILE* input, const Completer& complete, std::string& text) {
+  const LineInput first = ReadLine(input, "talq> ", complete, text);
+  if (first != LineInput::Entered) return first;
   for (std::string line; IsUnfinished(text); text += "\n" + line) {
-    Print("  ... ");
-    if (!ReadLine(input, line)) break;
+    const LineInput next = ReadLine(input, "  ... ", complete, line);
+    if (next == LineInput::Dropped) return next;
+    if (next == LineInput::Ended) break;
   }
-  return true;
+  return LineInput::Entered;
 }
 
 void ShowHelp(std::string_view topic) {
@@ -89,6 +91,8 @@ class Prompt {
     return true;
   }
 
+  Completion CompletionOf(std::string_view line) { return Complete(line, script.Globals()); }
+
  private:
   void Run(std::string_view text) {
     SyntaxError error;
@@ -115,12 +119,12 @@ bool RunPrompt(std::FILE* input, const std::string& greeting, FileReader readFil
   {
     Prompt prompt(readFile);
     std::string text;
-    bool goesOn = true;
-    while (goesOn) {
-      const bool isRead = ReadStatements(input, text);
-      if (!isRead) Print("\n");
-      goesOn = isRead && prompt.Take(text);
+    const Completer complete = [&prompt](std::string_view line) { return prompt.CompletionOf(line); };
+    LineInput read = LineInput::Dropped;
+    while (read == LineInput::Dropped || (read == LineInput::Entered && prompt.Take(text))) {
+      read = ReadStatements(input, complete, text);
     }
+    if (read == LineInput::Ended) Print("\n");
   }
   return !PendingError() || Complain(CurrentTrace().Report());
 }

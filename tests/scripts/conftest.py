@@ -63,6 +63,17 @@ def start_in_wine(program, arguments, folder, display, stdout, stderr):
     )
 
 
+def run_captured(command, text="", **options):
+    """Runs a command that may start Wine, with the text as its input; stdout and stderr of what it returns are texts."""
+    # Files and not pipes: Wine's desktop keeps what it inherits open after the program has ended.
+    with tempfile.TemporaryFile() as stdin, tempfile.TemporaryFile() as stdout, tempfile.TemporaryFile() as stderr:
+        stdin.write(text.encode())
+        stdin.seek(0)
+        done = subprocess.run(command, stdin=stdin, stdout=stdout, stderr=stderr, timeout=TIME_LIMIT, **options)
+        done.stdout, done.stderr = read_text(stdout), read_text(stderr)
+    return done
+
+
 def run_in_wine(program, arguments, folder, display=None):
     """Starts it and waits for its end."""
     # Files and not pipes: Wine's desktop keeps what it inherits open after the program has ended.

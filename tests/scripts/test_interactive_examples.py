@@ -100,7 +100,6 @@ def resident_bytes(window):
 @pytest.mark.xdist_group("window")
 @pytest.mark.parametrize("name", gallery.INTERACTIVE)
 def test_example_bears_any_input(desktop, name):
-    (desktop.folder / "out").mkdir()
     with desktop.start(copy_that_counts(name, desktop.folder), options=["--check"]) as window:
         user = User(window, name)
         user.act_for_a_round()

@@ -1,19 +1,15 @@
 """The script ./run, one call at a time: each looks whether something is to be built."""
 
-import pathlib
-import subprocess
-
 import pytest
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
-TIME_LIMIT = 900  # seconds
+import conftest
+
+ROOT = conftest.ROOT
 pytestmark = pytest.mark.xdist_group("run")
 
 
 def run_project(*arguments, cwd, text=""):
-    return subprocess.run(
-        [ROOT / "run", *arguments], cwd=cwd, input=text, capture_output=True, text=True, timeout=TIME_LIMIT
-    )
+    return conftest.run_captured([ROOT / "run", *arguments], text, cwd=cwd)
 
 
 def test_run_hands_over_arguments_paths_and_exit_code(tmp_path):
@@ -66,6 +62,25 @@ def test_run_draws_an_example_from_any_folder(tmp_path):
     done = run_project(ROOT / "examples" / "first.talq", cwd=tmp_path)
     assert done.returncode == 0, done.stderr
     assert [path.name for path in (tmp_path / "out").iterdir()] == ["first.png"]
+
+
+def test_run_works_through_a_link(tmp_path):
+    (tmp_path / "talq").symlink_to(ROOT / "run")
+    done = conftest.run_captured([tmp_path / "talq", "--no-module", "-e", "Print(6 * 7);"], cwd=tmp_path)
+    assert (done.returncode, done.stdout) == (0, "42\n"), done.stderr
+
+
+@pytest.mark.parametrize("name", ["test", "package", "bench", "check-host"])
+def test_other_commands_work_through_a_link(tmp_path, name):
+    (tmp_path / name).symlink_to(ROOT / name)
+    done = conftest.run_captured([tmp_path / name, "--help"], cwd=tmp_path)
+    assert done.returncode == 0 and done.stdout.startswith(f"usage: ./{name}"), done.stderr
+
+
+def test_copied_example_finds_what_examples_share(tmp_path):
+    (tmp_path / "own.talq").write_text('include "picture.talq";\nPrint(Cross([1, 0, 0], [0, 1, 0]));\n')
+    done = run_project("own.talq", cwd=tmp_path)
+    assert (done.returncode, done.stdout) == (0, "[0, 0, 1]\n"), done.stderr
 
 
 def test_run_help_says_how_to_use_it(tmp_path):

@@ -64,7 +64,7 @@ def test_pictures_and_meshes(talq, tmp_path):
     "statement, file",
     [
         ('ReadText("ж é.txt");', "ж é.txt"),
-        ('WriteText("ж é/x.txt", "");', "ж é/x.txt"),
+        ('WriteText("é ё.talq/x.txt", "");', "é ё.talq/x.txt"),
         ('new MBmp("ж é.png");', "ж é.png"),
         ('ReadObj("ж é.obj");', "ж é.obj"),
     ],
@@ -101,14 +101,7 @@ def test_file_name_that_is_no_utf8_is_not_found(talq, escape):
 
 def run_project(*arguments, cwd, text="", **variables):
     environment = {name: value for name, value in os.environ.items() if name != "LANG" and not name.startswith("LC_")}
-    return subprocess.run(
-        [RUN, *arguments],
-        cwd=cwd,
-        input=text.encode(),
-        capture_output=True,
-        env=environment | variables,
-        timeout=conftest.TIME_LIMIT,
-    )
+    return conftest.run_captured([RUN, *arguments], text, cwd=cwd, env=environment | variables)
 
 
 @pytest.mark.xdist_group("run")
@@ -117,14 +110,14 @@ def test_run_takes_utf8_in_every_locale(tmp_path, locale):
     script = tmp_path / f"{WORD}.talq"
     script.write_text('param a;\nPrint(a, Length(a));\nWriteText("ё.txt", a);\n', encoding="utf-8")
     done = run_project(script.name, "é", cwd=tmp_path, **locale)
-    assert (done.returncode, done.stdout.decode(), done.stderr.decode()) == (0, "é 2\n", "")
+    assert (done.returncode, done.stdout, done.stderr) == (0, "é 2\n", "")
     assert (tmp_path / "ё.txt").read_text(encoding="utf-8") == "é"
 
 
 @pytest.mark.xdist_group("run")
 def test_prompt_takes_utf8_from_a_pipe(tmp_path):
     done = run_project("--no-module", "-i", cwd=tmp_path, text='Length("éж")\nPrint("ё é")\n')
-    assert done.stdout.decode().split("\n")[2:] == ["talq> 4", "talq> ё é", "talq> ", ""]
+    assert done.stdout.split("\n")[2:] == ["talq> 4", "talq> ё é", "talq> ", ""]
 
 
 def in_console(arguments, lines=()):

@@ -216,7 +216,6 @@ def test_places_in_a_small_mesh_have_their_digits(desktop, tmp_path):
 
 @of_windows
 def test_pictures_are_saved_under_new_names(desktop, bunny):
-    (desktop.folder / "out").mkdir()
     with desktop.start(VIEWER) as window:
         first = wait_for_view(window, bunny[0], Camera(bunny[0]))
         window.key("p")

@@ -186,8 +186,13 @@ TEST_F(DevhostClassesTest, BitmapsRefuseWhatIsNone) {
   EXPECT_EQ(TakeError(), "20 The pixel (1, 0) lies outside the bitmap of 1 x 1.");
   NewObject("MBmp", {Text("no/such/file.png")});
   EXPECT_EQ(TakeError(), "23 no/such/file.png cannot be opened: No such file or directory.");
-  Call(bitmap, "Save", {Text("no/such/file.png")});
-  EXPECT_EQ(TakeError(), "23 no/such/file.png cannot be written: No such file or directory.");
+  Call(bitmap, "Save", {Text("/dev/null/file.png")});
+  EXPECT_EQ(TakeError(), "23 /dev/null/file.png cannot be written: Not a directory.");
+  for (const char* name : {"file.jpg", "file", "png", ""}) {
+    Call(bitmap, "Save", {Text(name)});
+    EXPECT_EQ(TakeError(), std::string("23 ") + name +
+                               " cannot be written: a picture is saved as PNG, under a name that ends with .png.");
+  }
 }
 
 TEST_F(DevhostClassesTest, BrokenPngFilesAreNamed) {
@@ -217,6 +222,11 @@ TEST_F(DevhostClassesTest, Mathematics) {
   EXPECT_EQ(CallPlain("float", {Variable(1)}).type, TVAR_FLOAT);
   CallPlain("double", {Text("two")});
   EXPECT_EQ(TakeError(), "20 \"two\" is not a number.");
+  EXPECT_EQ(TextOf(CallPlain("double", {Text(" -2.5e1\t\r\n")})), "-25");
+  CallPlain("double", {Text("5x2")});
+  EXPECT_EQ(TakeError(), "20 \"5x2\" is not a number.");
+  CallPlain("int", {Text("640 480")});
+  EXPECT_EQ(TakeError(), "20 \"640 480\" is not a number.");
 }
 
 TEST_F(DevhostClassesTest, RandomNumbersRepeatFromTheirSeed) {

@@ -6,6 +6,7 @@
 namespace {
 
 using devhost::script::ResolvePath;
+using testing::StartsWith;
 
 const std::map<std::string, std::string>& Files() {
   static const std::map<std::string, std::string> files = {
@@ -70,6 +71,24 @@ TEST(ScriptIncludeTest, MessagesNameTheFile) {
   const std::string message = RunScript("include \"lib/shapes.talq\";\nArea([], 1);", {}, ReadTestFile);
   EXPECT_EQ(message.substr(0, 24), "lib/more/area.talq:3:12:") << message;
   EXPECT_THAT(message, HasSubstr("in Area, called from test.talq:2\n"));
+}
+
+class ScriptIncludePathTest : public testing::Test {
+ protected:
+  void SetUp() override { setenv("TALQ_PATH", "nowhere;;lib/more;lib", 1); }
+  void TearDown() override { unsetenv("TALQ_PATH"); }
+};
+
+TEST_F(ScriptIncludePathTest, FilesComeFromTheFirstFolderThatHasThem) {
+  EXPECT_EQ(RunScript("include \"shapes.talq\"; return [Sides(), Area(2, 3)];", {}, ReadTestFile), "[4, 6]");
+  EXPECT_EQ(RunScript("include \"area.talq\"; include \"area.talq\"; return Area(2, 3);", {}, ReadTestFile), "6");
+  EXPECT_EQ(RunScript("include \"model.talq\"; return Model();", {}, ReadTestFile), "lib/hare.obj");
+  EXPECT_EQ(RunScript("include \"broken.talq\";", {}, ReadTestFile).substr(0, 16), "broken.talq:2:5:");
+}
+
+TEST_F(ScriptIncludePathTest, MessageNamesTheFolders) {
+  EXPECT_THAT(RunScript("include \"a/none.talq\";", {}, ReadTestFile),
+              StartsWith("test.talq:1:9: cannot read the file 'a/none.talq', nor find it in nowhere, lib/more, lib\n"));
 }
 
 TEST(ScriptIncludeTest, Failures) {
