@@ -54,7 +54,7 @@ def test_some_script_uses_every_drawing_method(talq_options):
     assert run.exit_code == 0, run.shown()
     forms = forms_in(run.stdout)
     assert len(forms) > 90
-    assert forms - set.union(*map(used_by, gallery.SCRIPTS)) == set()
+    assert forms - set.union(*map(used_by, [*gallery.SCRIPTS, *gallery.INTERACTIVE])) == set()
 
 
 def of_example(name):

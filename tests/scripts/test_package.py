@@ -40,12 +40,15 @@ def unpacked(zip_file, tmp_path_factory):
 
 def test_zip_holds_programs_examples_documents_and_editors(unpacked):
     files = {path.relative_to(unpacked).as_posix() for path in unpacked.rglob("*") if path.is_file()}
+    site = ROOT / "build" / "site"
+    pages = {f"docs/{path.relative_to(site).as_posix()}" for path in site.rglob("*") if path.is_file()}
     examples = {path.relative_to(ROOT).as_posix() for path in (ROOT / "examples").rglob("*") if path.is_file()}
     assert files == {
-        "talq.exe", "Talq.dll", "TalqOpenGL.dll", "glu32.dll", "README.txt", "docs/reference.md", "docs/third-party.md",
+        "talq.exe", "Talq.dll", "TalqOpenGL.dll", "glu32.dll", "README.txt", "docs/third-party.md",
         "editors/talq.vsix", "editors/vim/ftdetect/talq.vim", "editors/vim/syntax/talq.vim",
-        *(name for name in examples if not name.startswith("examples/pictures/")),
+        *(pages - {"docs/.buildinfo"}), *(name for name in examples if not name.startswith("examples/pictures/")),
     }  # fmt: skip
+    assert "My picture is black" in (unpacked / "docs" / "index.html").read_text(encoding="utf-8")
     with zipfile.ZipFile(unpacked / "editors" / "talq.vsix") as archive:
         assert "extension/package.json" in archive.namelist()
 
@@ -114,5 +117,6 @@ def test_notices_are_those_of_the_packages(name, notice):
 
 def test_each_part_has_its_notice():
     assert sorted({name for name, _ in notices()}) == [
-        "gcc-mingw-w64-x86-64-win32", "libc++-19-dev", "libglu1-mesa-dev", "libstb-dev", "mingw-w64-x86-64-dev",
+        "furo", "gcc-mingw-w64-x86-64-win32", "libc++-19-dev", "libglu1-mesa-dev", "libstb-dev",
+        "mingw-w64-x86-64-dev", "sphinx-common",
     ]  # fmt: skip

@@ -138,8 +138,16 @@ def test_errors_become_problems(talq, tmp_path):
     assert [problem[2:4] for problem in problems(run.stderr)] == [("2", "5")], run.shown()
 
 
-def test_findings_become_problems():
-    text = "TOpenGL::SetPerspective: the nearest plane is not in front of the viewer"
+def test_findings_become_problems(talq):
+    run = talq("gl = new TOpenGL();\ngl->Sphere(0, 0, 0, 1);\ngl->Clear();\n", options=["--check"])
+    found = list(problems(run.stderr))
+    assert [problem[0] for problem in found] == ["talq-check"] * 2, run.shown()
+    assert [problem[2:4] for problem in found] == [("2", None), ("3", None)], run.shown()
+    assert found[0][4] == "TOpenGL::Sphere: did nothing: the renderer is not open [NOT_OPEN]"
+
+
+def test_paths_of_findings_may_have_blanks_and_drives():
+    text = "TOpenGL::SetPerspective: the near plane is not in front of the viewer [GL_ERROR]"
     assert list(problems(f"/a b/file.talq:12: {text}\n")) == [("talq-check", "/a b/file.talq", "12", None, text)]
     assert list(problems(f"C:\\a\\file.talq:12:3: {text}\n")) == [("talq-check", "C:\\a\\file.talq", "12", "3", text)]
 
