@@ -69,14 +69,14 @@ class Desktop:
         self.start_talq = start_talq
 
     @contextlib.contextmanager
-    def start(self, script, *arguments):
-        """Runs a script until its first window is there, as a UserWindow with the focus. In the end waits for the
-        script, which has to end by then."""
+    def start(self, script, *arguments, options=()):
+        """Runs a script, under talq's options, until its first window is there, as a UserWindow with the focus. In the
+        end waits for the script, which has to end by then."""
         if isinstance(script, str):
             text, script = script, self.folder / "window.talq"
             script.write_text(text, encoding="utf-8")
         with open(self.folder / "stdout", "wb") as stdout, open(self.folder / "stderr", "wb") as stderr:
-            program = self.start_talq([script, *map(str, arguments)], stdout, stderr)
+            program = self.start_talq([*options, script, *map(str, arguments)], stdout, stderr)
         window = UserWindow(self, program)
         try:
             window.appear()
