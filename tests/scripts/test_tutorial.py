@@ -2,6 +2,7 @@
 
 import re
 
+import numpy
 import pytest
 
 import tutorial
@@ -42,6 +43,12 @@ def still_picture(window):
     return window.wait_until(is_as_before)
 
 
+def top_of_roof(picture):
+    """The row where the picture's middle column is no longer sky."""
+    column = picture[:, picture.shape[1] // 2].astype(int)
+    return int((numpy.abs(column - column[0]).sum(axis=1) > 60).argmax())
+
+
 def test_the_page_has_each_script_and_its_picture_in_order():
     assert len(tutorial.STEPS) == 8
     assert re.findall(r"^```talq\n(.*?)^```$", PAGE, re.MULTILINE | re.DOTALL) == [
@@ -75,6 +82,9 @@ def test_the_window_shows_its_picture_in_any_size_until_it_is_closed(desktop):
         # The scene stays in the middle, and does not become wider.
         wider = window.wait_until(lambda picture: is_shown(picture[:, 80:720], WINDOW))
         assert wider.shape == (480, 800, 3)
+        window.resize(800, 600)
+        higher = top_of_roof(tutorial.shown_picture(WINDOW)) * 600 / 480
+        window.wait_until(lambda picture: picture.shape == (600, 800, 3) and abs(top_of_roof(picture) - higher) < 2)
         window.close()
     assert_ended_well(window)
 
