@@ -14,7 +14,7 @@ ENGINEERS = [
     *("docs/building-on-windows", "CHANGELOG"),
 ]
 # Those for authors that come first and last; between them stand the others by their names.
-FIRST = ["docs/tutorial"]
+FIRST = ["docs/tutorial", "docs/how-do-i"]
 LAST = ["docs/gallery", REFERENCE, "devhost/README"]
 # How the navigation calls a page that is not to have its own heading's name.
 TITLES = {"devhost/README": "The language and its host </devhost/README>", "genindex": "Methods from A to Z <genindex>"}

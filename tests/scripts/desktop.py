@@ -70,8 +70,8 @@ class Desktop:
 
     @contextlib.contextmanager
     def start(self, script, *arguments, options=()):
-        """Runs a script until its first window is there, as a UserWindow with the focus. In the end waits for the
-        script, which has to end by then."""
+        """Runs a script, under talq's options, until its first window is there, as a UserWindow with the focus. In the
+        end waits for the script, which has to end by then."""
         if isinstance(script, str):
             text, script = script, self.folder / "window.talq"
             script.write_text(text, encoding="utf-8")
