@@ -1,4 +1,6 @@
 // The check of a script: it is told of the script's calls and of the module's.
+#include <windows.h>
+
 #include "devhost/check/findings.h"
 #include "devhost/check/method_check.h"
 #include "devhost/check/opengl_check.h"
@@ -23,7 +25,13 @@ class Check : public gl_trace::Watcher, public CallObserver {
   }
 
   void Before(const gl_trace::Call& call) override { openGl.Before(call); }
-  void After(const gl_trace::Call& call) override { openGl.After(call); }
+
+  // The module may ask for the system's last error.
+  void After(const gl_trace::Call& call) override {
+    const DWORD lastError = GetLastError();
+    openGl.After(call);
+    SetLastError(lastError);
+  }
 
   std::string Report() const { return findings.Report(); }
 
