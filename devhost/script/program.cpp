@@ -54,7 +54,7 @@ int ShowHelp(const std::string& topic) {
   std::string message;
   if (topic.empty()) {
     text = kUsage;
-  } else if (!FindHelp(Reference(), topic, text, message)) {
+  } else if (!FindHelp(References(), topic, text, message)) {
     Complain("talq: " + message + "\n");
     return 2;
   }
