@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
 #include <map>
 #include <regex>
 #include <set>
@@ -146,7 +147,7 @@ TEST(ReferenceTest, ReadsTheRowsOfTablesOfErrors) {
 }
 
 TEST(ReferenceTest, HasEveryErrorWithItsNumber) {
-  std::map<std::string_view, std::string_view> codes;
+  std::map<std::string, std::string, std::less<>> codes;
   for (const ReferenceDocument& document : devhost::References()) {
     for (const ReferenceError& error : document.errors) EXPECT_TRUE(codes.emplace(error.name, error.code).second);
   }
