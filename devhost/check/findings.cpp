@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <map>
 
+#include "devhost/runtime/help_command.h"
 #include "devhost/runtime/reference.h"
 #include "devhost/runtime/text.h"
 
@@ -73,7 +74,7 @@ std::string Findings::Report() const {
     if (finding.count > 1) report += " (" + Counted(finding.count, "times") + ")";
     report += "\n";
     const std::string_view advice = AdviceInReference(NameOf(finding.kind));
-    if (!advice.empty()) report.append("  hint: ").append(advice).append("\n");
+    if (!advice.empty()) report.append("  hint: ").append(WithHelpCommand(advice)).append("\n");
   }
   report += "talq: " + Counted(static_cast<int>(findings.size()), findings.size() == 1 ? "finding" : "findings");
   const char* separator = ": ";

@@ -1,6 +1,7 @@
 #include "devhost/runtime/reference.h"
 
 #include <algorithm>
+#include <array>
 
 #include "devhost/runtime/text.h"
 
@@ -71,17 +72,33 @@ std::vector<ReferenceEntry> ParseReference(std::string_view document) {
     const std::string_view body = document.substr(0, FindHeading(document));
     document.remove_prefix(body.size());
     if (heading.starts_with("## ")) group = heading.substr(3);
-    if (heading.starts_with("### ") && heading.find("::") != heading.npos) {
-      entries.push_back(MakeEntry(heading.substr(4), group, body));
-    }
+    const std::string_view name = heading.starts_with("### ") ? heading.substr(4) : std::string_view();
+    if (!name.empty() && name.find(' ') == name.npos) entries.push_back(MakeEntry(name, group, body));
   }
   return entries;
 }
 
-const std::vector<ReferenceEntry>& Reference() {
-  static const auto& entries = *new std::vector<ReferenceEntry>(ParseReference(ReferenceText()));
-  return entries;
+std::vector<ReferenceError> ParseReferenceErrors(std::string_view document) {
+  constexpr std::size_t kCells = 5;
+  std::vector<ReferenceError> errors;
+  while (!document.empty()) {
+    const std::vector<std::string_view> cells = CellsOf(Trimmed(TakeLine(document), kBlanks));
+    if (cells.size() != kCells || !cells[1].starts_with('`')) continue;
+    errors.push_back({cells[0], Trimmed(cells[1], "`"), cells[2], cells[3], cells[4]});
+  }
+  return errors;
 }
+
+std::span<const ReferenceDocument> References() {
+  const auto parsed = [](std::string_view owner, std::string_view text) {
+    return ReferenceDocument{owner, ParseReference(text), ParseReferenceErrors(text)};
+  };
+  static const auto& documents = *new std::array<ReferenceDocument, 2>{parsed("", ReferenceText()),
+                                                                       parsed("development host", HostReferenceText())};
+  return documents;
+}
+
+const std::vector<ReferenceEntry>& Reference() { return References().front().entries; }
 
 const ReferenceEntry* FindInReference(std::string_view className, std::string_view method) {
   const std::vector<ReferenceEntry>& entries = Reference();
@@ -102,22 +119,13 @@ std::string_view ArgumentsInReference(std::string_view signature) {
   return {};
 }
 
-ErrorAdvice ParseErrorAdvice(std::string_view document) {
-  constexpr std::size_t kName = 1;
-  constexpr std::size_t kAdvice = 4;
-  ErrorAdvice advice;
-  while (!document.empty()) {
-    const std::vector<std::string_view> cells = CellsOf(Trimmed(TakeLine(document), kBlanks));
-    if (cells.size() <= kAdvice || !cells[kName].starts_with('`') || cells[kAdvice].empty()) continue;
-    advice.emplace(Trimmed(cells[kName], "`"), cells[kAdvice]);
-  }
-  return advice;
-}
-
 std::string_view AdviceInReference(std::string_view errorName) {
-  static const auto& advice = *new ErrorAdvice(ParseErrorAdvice(ReferenceText()));
-  const auto found = advice.find(errorName);
-  return found != advice.end() ? found->second : std::string_view();
+  for (const ReferenceDocument& document : References()) {
+    for (const ReferenceError& error : document.errors) {
+      if (error.name == errorName) return error.advice;
+    }
+  }
+  return {};
 }
 
 }  // namespace devhost

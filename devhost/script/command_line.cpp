@@ -30,7 +30,8 @@ const char* const kUsage =
     "                   prints, to standard error (2> calls.txt keeps the calls in a file of their own)\n"
     "  --trace-gl=NAMES print these alone, as of 'glFrustum,glLight*'\n"
     "  --help           show this text\n"
-    "  --help NAME      show the reference's entry, as of TOpenGL::Sphere or Sphere; the methods of a class\n"
+    "  --help NAME      show the references' entry, as of TOpenGL::Sphere, Sphere, Print, include or OGL_NO_DC; the\n"
+    "                   methods of a class\n"
     "\n"
     "The exit code is 0, 1 after an error, 2 when the command line is not understood, or 3 when --check found something\n"
     "in a script that ended without an error.\n";

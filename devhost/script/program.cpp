@@ -7,6 +7,7 @@
 
 #include "devhost/classes/register_classes.h"
 #include "devhost/data/files.h"
+#include "devhost/runtime/help_command.h"
 #include "devhost/runtime/runtime.h"
 #include "devhost/script/call_position.h"
 #include "devhost/script/command_line.h"
@@ -54,7 +55,7 @@ int ShowHelp(const std::string& topic) {
   std::string message;
   if (topic.empty()) {
     text = kUsage;
-  } else if (!FindHelp(Reference(), topic, text, message)) {
+  } else if (!FindHelp(References(), topic, text, message)) {
     Complain("talq: " + message + "\n");
     return 2;
   }
@@ -109,7 +110,7 @@ int TalqMain(int argc, char** argv) {
   std::string message;
   const std::vector<std::string> arguments = Arguments(argc, argv);
   if (!ReadCommandLine(arguments, commandLine, message)) {
-    Complain("talq: " + message + "; talq --help shows what there is\n");
+    Complain("talq: " + message + "; " + devhost::WithHelpCommand("talq --help") + " shows what there is\n");
     return 2;
   }
   if (commandLine.action == CommandLine::Action::Help) return ShowHelp(commandLine.topic);

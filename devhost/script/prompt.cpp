@@ -66,7 +66,7 @@ LineInput ReadStatements(std::FILE* input, const Completer& complete, std::strin
 void ShowHelp(std::string_view topic) {
   std::string text = kHelp;
   std::string message;
-  if (topic.empty() || FindHelp(Reference(), topic, text, message)) {
+  if (topic.empty() || FindHelp(References(), topic, text, message)) {
     Print(text);
   } else {
     Complain(message + "\n");

@@ -15,7 +15,7 @@ ENGINEERS = [
 ]
 # Those for authors that come first and last; between them stand the others by their names.
 FIRST = ["docs/tutorial", "docs/how-do-i"]
-LAST = ["docs/gallery", REFERENCE, "devhost/README"]
+LAST = ["docs/gallery", REFERENCE, "docs/host-reference", "devhost/README"]
 # How the navigation calls a page that is not to have its own heading's name.
 TITLES = {"devhost/README": "The language and its host </devhost/README>", "genindex": "Methods from A to Z <genindex>"}
 PICTURES = {".png", ".svg", ".jpg"}

@@ -9,7 +9,8 @@ import pytest
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 DOCUMENT = (ROOT / "docs" / "reference.md").read_text()
 # Heading, fenced block and text of each entry.
-ENTRIES = re.findall(r"^### (\S+)\n\n```\n(.*?)\n```\n\n(.*?)\s*(?=^##|\Z)", DOCUMENT, re.MULTILINE | re.DOTALL)
+ENTRY = re.compile(r"^### (\S+)\n\n```\n(.*?)\n```\n\n(.*?)\s*(?=^##|\Z)", re.MULTILINE | re.DOTALL)
+ENTRIES = ENTRY.findall(DOCUMENT)
 PICTURE = re.compile(r"^!\[.+\]\(.+\)\n\n", re.MULTILINE)
 EXAMPLE = re.compile(r"\n\nExample: `(.+)`\Z")
 

@@ -20,6 +20,16 @@ def test_run_hands_over_arguments_paths_and_exit_code(tmp_path):
     assert "own.talq:3:" in done.stderr and "enough" in done.stderr
 
 
+def test_messages_name_the_command_for_help_that_the_user_has(tmp_path):
+    done = run_project("--nothing", cwd=tmp_path)
+    assert done.returncode == 2
+    assert done.stderr == f"talq: unknown option --nothing; {ROOT}/run --talq-help shows what there is\n"
+    statements = "d = new MDC(8, 8); gl = new TOpenGL(); gl->OpenBitmap(d); gl->SetLineWidth(0);"
+    done = run_project("--check", "-e", statements, cwd=tmp_path)
+    assert done.returncode == 3
+    assert f"{ROOT}/run --talq-help shows its entry\n" in done.stderr, done.stderr
+
+
 def test_run_opens_a_prompt(tmp_path):
     entered = [
         "device = new MDC(8, 8); gl = new TOpenGL();",
