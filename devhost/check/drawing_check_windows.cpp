@@ -170,8 +170,8 @@ void OpenGlCheck::DrawControlPoints(const Call& call) {
   const auto* control = call.Memory<float>(isSurface ? 7 : 4);
   const int sPoints = static_cast<int>(call[1] - call[order]);
   const int tPoints = isSurface ? static_cast<int>(call[3] - call[order + 1]) : 1;
-  const auto sStride = static_cast<int>(call[isSurface ? 5 : 3]);
-  const int tStride = isSurface ? static_cast<int>(call[6]) : 0;
+  const auto sStride = static_cast<std::ptrdiff_t>(call[isSurface ? 5 : 3]);
+  const std::ptrdiff_t tStride = isSurface ? static_cast<std::ptrdiff_t>(call[6]) : 0;
   for (int t = 0; t < tPoints; ++t) {
     for (int s = 0; s < sPoints; ++s) {
       const float* point = control + s * sStride + t * tStride;

@@ -58,7 +58,7 @@ class OpenGlCheck {
   void AfterStateCall(const gl_trace::Call& call);
   void AfterMatrixCall(const gl_trace::Call& call);
   void AfterListCall(const gl_trace::Call& call);
-  void CheckColor(const gl_trace::Call& call, std::span<const float> components, float most = 1);
+  void CheckColor(const gl_trace::Call& call, std::span<const float> components, float brightest = 1);
   void CheckViewer(const gl_trace::Call& lookAt);
   void CheckPicture(const gl_trace::Call& readPixels);
   void CheckWhatIsLeftOpen(const Context& context);

@@ -176,7 +176,7 @@ void OpenGlCheck::AfterMatrixCall(const Call& call) {
   if (!current->isModelView) return;
   if (const std::optional<Transform> transform = TransformOf(call)) {
     current->lists.Multiply(*transform);
-    if (call.function == Function::glScalef && !(call[0] != 0 && call[1] != 0 && call[2] != 0)) {
+    if (call.function == Function::glScalef && (call[0] == 0 || call[1] == 0 || call[2] == 0)) {
       current->zeroScale = methods.Here();
     }
   } else if (call.function == Function::glLoadIdentity) {

@@ -52,15 +52,15 @@ class Traced<name, Result(Arguments...), ResultKind(Kinds...)> {
     Watcher* watcher = CurrentWatcher();
     if (!watcher) return Print(values...);
     const std::array<Value, sizeof...(Arguments)> told{Value(values)...};
-    gl_trace::Call call{FunctionNamed(name.text), told, {}};
+    constexpr Function kFunction = FunctionNamed(name.text);
+    const gl_trace::Call call{kFunction, told, {}};
     watcher->Before(call);
     if constexpr (std::is_void_v<Result>) {
       Print(values...);
       watcher->After(call);
     } else {
       const Result result = Print(values...);
-      call.result = Value(result);
-      watcher->After(call);
+      watcher->After({kFunction, told, Value(result)});
       return result;
     }
   }
