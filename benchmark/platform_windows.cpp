@@ -22,7 +22,7 @@ long long CountCall() {
   return 1;
 }
 
-// Functions of OpenGL itself, but for those whose answer is needed.
+// Functions of OpenGL itself, except those whose answer is needed.
 bool IsReplaced(std::string_view name) {
   return name.starts_with("gl") && !name.starts_with("glu") && name != "glGetIntegerv";
 }

@@ -24,7 +24,7 @@ bool HasAvx2();
 bool HasAvx512();
 
 // Compiles one function for such a processor. Microsoft's compiler has no such attribute; there every processor takes
-// the baseline, but for SSSE3, whose intrinsics it accepts anywhere.
+// the baseline, except for SSSE3, whose intrinsics it accepts anywhere.
 #if defined(__clang__) || defined(__GNUC__)
 #define FOR_SSSE3 __attribute__((target("ssse3")))
 #define FOR_AVX2 __attribute__((target("avx2")))

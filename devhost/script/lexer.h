@@ -11,7 +11,7 @@ class Lexer {
   // The text outlives the lexer.
   explicit Lexer(std::string_view text);
 
-  // The next token; End for ever once the text is used up. What is no token comes as a Bad one, and reading goes on
+  // The next token; End for ever once the text is used up. Other characters come as a Bad one, and reading goes on
   // behind it.
   Token Next();
 

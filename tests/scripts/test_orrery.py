@@ -90,7 +90,7 @@ def pause(window):
 
 
 def changed(picture, before):
-    """Where two pictures differ, but for the frames a second in the upper right corner."""
+    """Where two pictures differ, except for the frames a second in the upper right corner."""
     different = (picture != before).any(axis=2)
     different[:40, 600:] = False
     return different

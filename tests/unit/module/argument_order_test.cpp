@@ -76,7 +76,7 @@ TEST_F(ArgumentOrderTest, EveryRowReadsItsArgumentsFromFirstToLast) {
     }
     const std::vector<recorder::Call> calls = recorder::Get().calls;
     ASSERT_FALSE(calls.empty());
-    // The script object comes before all arguments, but for the matrix program of "GetMatrix".
+    // The script object comes before all arguments, except in the matrix program of "GetMatrix".
     const bool isObjectFirst = calls.front().name.starts_with("object: ");
     EXPECT_TRUE(isObjectFirst || signature.method == "GetMatrix") << calls.front().Text();
     EXPECT_EQ(FirstReads(calls), ExpectedReads(signature));

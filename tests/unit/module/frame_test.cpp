@@ -18,7 +18,7 @@ std::string OpenAndTakeState(Variable& renderer) {
   return log.substr(log.find("glViewport"));
 }
 
-// What the light set sends at these default values but for the two-side flag, which is on.
+// What the light set sends at these default values, except for the two-side flag, which is on.
 std::string LightOn() {
   const std::string log =
       Lines({"glLightModeli(GL_LIGHT_MODEL_LOCAL_VIEWER, 1)", "glEnable(GL_LIGHTING)", "glEnable(GL_LIGHT0)",

@@ -16,7 +16,7 @@ struct HostCalls {
   bool hasConnector = true;
   int outsideElements = 0;    // elements asked for that a Vector does not have
   long long clearedSlot = 0;  // what Clear leaves in a value's slot
-  int brokenJoints = 0;       // calls of BreakJoint, but for those of a native object's end
+  int brokenJoints = 0;       // calls of BreakJoint, except those of a native object's end
 };
 
 // What all calls are noted in and answered from; a test sets it back by assigning {}.
