@@ -153,7 +153,7 @@ void OpenGlCheck::DrawSolid(const Call& call) {
   }
   if (current) current->hasNormal = true;  // GLU gives its own
   if (current) current->isNormalZero = false;
-  ForEachCorner(call, [this](double x, double y, double z) { DrawVertex(x, y, z); });
+  for (const auto& [x, y, z] : CornersOf(call)) DrawVertex(x, y, z);
 }
 
 // GLU's curves and surfaces stay close to their control points.

@@ -108,9 +108,12 @@ bool OpenGlCheck::WasRefused(const Call& call) {
 }
 
 // What OpenGL refuses leaves no projection, as in a new renderer. Some draw so, between -1 and 1: it matters when
-// something lies outside.
+// something lies outside. Who gives zeros alone wants none.
 void OpenGlCheck::AfterFrustum(const Call& call, const std::string& refusal) {
   current->noProjection.reset();
+  const bool wantsNone = std::all_of(call.arguments.begin(), call.arguments.end(),
+                                     [](const gl_trace::Value& value) { return value.number == 0; });
+  if (wantsNone) return;
   if (!refusal.empty()) {
     current->noProjection = methods.SourceOf(call);
     current->whyNoProjection = refusal;
@@ -139,7 +142,7 @@ void OpenGlCheck::AfterStateCall(const Call& call) {
       break;
     case Function::glMaterialfv:
       CheckColor(call, {call.Memory<float>(2), 4});
-      if (!glIsEnabled(GL_LIGHTING)) current->unlitMaterial = methods.Here();
+      if (!glIsEnabled(GL_LIGHTING) && !current->selecting) current->unlitMaterial = methods.Here();
       break;
     case Function::glFogfv:
       CheckColor(call, {call.Memory<float>(1), 4});

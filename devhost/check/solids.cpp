@@ -19,16 +19,20 @@ struct Ring {
   double z;
 };
 
+using Corners = std::vector<std::array<double, 3>>;
+
 // `ringAt` gives the ring at a share of the way from the first (0) to the last (1).
-void ForEachCornerOfRings(int rings, int sectors, double start, double sweep,
-                          const std::function<Ring(double share)>& ringAt, const CornerFunction& corner) {
+template <class RingAt>
+Corners CornersOfRings(int rings, int sectors, double start, double sweep, RingAt ringAt) {
+  Corners corners;
   for (int i = 0; i <= rings; ++i) {
     const Ring ring = ringAt(static_cast<double>(i) / rings);
     for (int j = 0; j <= sectors; ++j) {
       const double angle = (start + sweep * j / sectors) * kDegree;
-      corner(ring.radius * std::sin(angle), ring.radius * std::cos(angle), ring.z);
+      corners.push_back({ring.radius * std::sin(angle), ring.radius * std::cos(angle), ring.z});
     }
   }
+  return corners;
 }
 
 // How many sectors and rings the call asks for; none of other calls.
@@ -62,27 +66,19 @@ int FewestSlices(const Call& call) { return call.function == Function::gluPartia
 
 }  // namespace
 
-void ForEachCorner(const Call& call, const CornerFunction& corner) {
+Corners CornersOf(const Call& call) {
   const auto [slices, stacks] = CountsOf(call);
-  if (!WhyNoSolid(call).empty() || slices == 0) return;
+  if (!WhyNoSolid(call).empty() || slices == 0) return {};
   if (call.function == Function::gluSphere) {
-    ForEachCornerOfRings(
-        stacks, slices, 0, 360,
-        [&](double share) {
-          const double angle = std::numbers::pi * share;
-          return Ring{call[1] * std::sin(angle), call[1] * std::cos(angle)};
-        },
-        corner);
-  } else if (IsDisk(call)) {
-    const bool isPart = call.function == Function::gluPartialDisk;
-    ForEachCornerOfRings(
-        stacks, slices, isPart ? call[5] : 0, isPart ? call[6] : 360,
-        [&](double share) { return Ring{std::lerp(call[1], call[2], share), 0}; }, corner);
-  } else {
-    ForEachCornerOfRings(
-        stacks, slices, 0, 360, [&](double share) { return Ring{std::lerp(call[1], call[2], share), call[3] * share}; },
-        corner);
+    return CornersOfRings(stacks, slices, 0, 360, [&call](double share) {
+      const double angle = std::numbers::pi * share;
+      return Ring{call[1] * std::sin(angle), call[1] * std::cos(angle)};
+    });
   }
+  const bool isPart = call.function == Function::gluPartialDisk;
+  const double height = IsDisk(call) ? 0 : call[3];
+  return CornersOfRings(stacks, slices, isPart ? call[5] : 0, isPart ? call[6] : 360,
+                        [&](double share) { return Ring{std::lerp(call[1], call[2], share), height * share}; });
 }
 
 std::string WhyNoSolid(const Call& call) {

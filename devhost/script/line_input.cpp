@@ -96,10 +96,10 @@ std::string RowsOf(const std::vector<std::string>& names) {
 }
 
 // Replaces the Tab in the line, which is shown up to there, and shows the rest of it.
-void CompleteLine(std::wstring& line, std::size_t tab, const std::string& prompt, const Completer& complete) {
+void CompleteLine(std::wstring& line, std::size_t tab, const std::string& prompt, Completer& completer) {
   const std::string before = Utf8Text(line.substr(0, tab));
   const std::string behind = Utf8Text(line.substr(tab + 1));
-  const Completion completion = complete(before);
+  const Completion completion = completer.CompletionOf(before);
   if (completion.choices.empty()) {
     Print(completion.added + behind);
   } else {
@@ -108,14 +108,14 @@ void CompleteLine(std::wstring& line, std::size_t tab, const std::string& prompt
   line = WideText(before + completion.added + behind);
 }
 
-LineInput ReadConsoleLine(HANDLE console, const std::string& prompt, const Completer& complete, std::string& text) {
+LineInput ReadConsoleLine(HANDLE console, const std::string& prompt, Completer& completer, std::string& text) {
   constexpr wchar_t kCtrlZ = 26;
   const LineDropper dropper(console);
   std::wstring line;
   while (!line.ends_with(L'\n')) {
     const bool isEmpty = !EditLine(console, line);
     if (dropper.IsDropped(isEmpty)) return LineInput::Dropped;
-    if (const std::size_t tab = line.find(L'\t'); tab != line.npos) CompleteLine(line, tab, prompt, complete);
+    if (const std::size_t tab = line.find(L'\t'); tab != line.npos) CompleteLine(line, tab, prompt, completer);
   }
   if (line.front() == kCtrlZ) return LineInput::Ended;
   text = Utf8Text(std::wstring_view(line).substr(0, line.find_first_of(L"\r\n")));
@@ -124,11 +124,11 @@ LineInput ReadConsoleLine(HANDLE console, const std::string& prompt, const Compl
 
 }  // namespace
 
-LineInput ReadLine(std::FILE* input, const std::string& prompt, const Completer& complete, std::string& line) {
+LineInput ReadLine(std::FILE* input, const std::string& prompt, Completer& completer, std::string& line) {
   Print(prompt);
   std::fflush(stdout);
   const HANDLE console = ConsoleOf(input);
-  return console ? ReadConsoleLine(console, prompt, complete, line) : ReadFileLine(input, line);
+  return console ? ReadConsoleLine(console, prompt, completer, line) : ReadFileLine(input, line);
 }
 
 }  // namespace devhost::script
@@ -137,7 +137,7 @@ LineInput ReadLine(std::FILE* input, const std::string& prompt, const Completer&
 
 namespace devhost::script {
 
-LineInput ReadLine(std::FILE* input, const std::string& prompt, const Completer&, std::string& line) {
+LineInput ReadLine(std::FILE* input, const std::string& prompt, Completer&, std::string& line) {
   Print(prompt);
   std::fflush(stdout);
   return ReadFileLine(input, line);

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdio>
-#include <functional>
 #include <string>
 #include <string_view>
 
@@ -10,8 +9,12 @@
 
 namespace devhost::script {
 
-// What the Tab key completes the line up to there with.
-using Completer = std::function<Completion(std::string_view line)>;
+class Completer {
+ public:
+  virtual ~Completer() = default;
+  // What the Tab key completes the line up to there with.
+  virtual Completion CompletionOf(std::string_view line) = 0;
+};
 
 enum class LineInput {
   Entered,
@@ -21,6 +24,6 @@ enum class LineInput {
 
 // Shows the prompt and reads a line, without its end, from a console, a file or a pipe. A console's own editing serves;
 // Tab completes there.
-LineInput ReadLine(std::FILE* input, const std::string& prompt, const Completer& complete, std::string& line);
+LineInput ReadLine(std::FILE* input, const std::string& prompt, Completer& completer, std::string& line);
 
 }  // namespace devhost::script

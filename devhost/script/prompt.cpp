@@ -52,11 +52,11 @@ bool IsUnfinished(std::string_view text) {
 }
 
 // Prompts for lines until they make a whole, or one of them is dropped, and all with it.
-LineInput ReadStatements(std::FILE* input, const Completer& complete, std::string& text) {
-  const LineInput first = ReadLine(input, "talq> ", complete, text);
+LineInput ReadStatements(std::FILE* input, Completer& completer, std::string& text) {
+  const LineInput first = ReadLine(input, "talq> ", completer, text);
   if (first != LineInput::Entered) return first;
   for (std::string line; IsUnfinished(text); text += "\n" + line) {
-    const LineInput next = ReadLine(input, "  ... ", complete, line);
+    const LineInput next = ReadLine(input, "  ... ", completer, line);
     if (next == LineInput::Dropped) return next;
     if (next == LineInput::Ended) break;
   }
@@ -73,7 +73,7 @@ void ShowHelp(std::string_view topic) {
   }
 }
 
-class Prompt {
+class Prompt : public Completer {
  public:
   explicit Prompt(FileReader fileReader) : script(program), readFile(fileReader) {}
 
@@ -91,7 +91,7 @@ class Prompt {
     return true;
   }
 
-  Completion CompletionOf(std::string_view line) { return Complete(line, script.Globals()); }
+  Completion CompletionOf(std::string_view line) override { return Complete(line, script.Globals()); }
 
  private:
   void Run(std::string_view text) {
@@ -119,10 +119,9 @@ bool RunPrompt(std::FILE* input, const std::string& greeting, FileReader readFil
   {
     Prompt prompt(readFile);
     std::string text;
-    const Completer complete = [&prompt](std::string_view line) { return prompt.CompletionOf(line); };
     LineInput read = LineInput::Dropped;
     while (read == LineInput::Dropped || (read == LineInput::Entered && prompt.Take(text))) {
-      read = ReadStatements(input, complete, text);
+      read = ReadStatements(input, prompt, text);
     }
     if (read == LineInput::Ended) Print("\n");
   }

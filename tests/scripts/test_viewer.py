@@ -234,6 +234,7 @@ def test_pictures_are_saved_under_new_names(desktop, bunny):
 
 @of_windows
 def test_picture_that_cannot_be_saved_ends_nothing(desktop, bunny):
+    (desktop.folder / "out").write_text("a file in the place of the folder")
     with desktop.start(VIEWER) as window:
         first = wait_for_view(window, bunny[0], Camera(bunny[0]))
         window.key("p")

@@ -15,7 +15,6 @@
 namespace {
 
 using devhost::check::DisplayLists;
-using devhost::check::ForEachCorner;
 using devhost::check::kIdentity;
 using devhost::check::LookingAt;
 using devhost::check::Product;
@@ -61,11 +60,7 @@ struct SolidCall {
   std::vector<gl_trace::Value> values;
 };
 
-std::vector<std::array<double, 3>> CornersOf(const SolidCall& solid) {
-  std::vector<std::array<double, 3>> corners;
-  ForEachCorner(solid.Call(), [&](double x, double y, double z) { corners.push_back({x, y, z}); });
-  return corners;
-}
+std::vector<std::array<double, 3>> CornersOf(const SolidCall& solid) { return devhost::check::CornersOf(solid.Call()); }
 
 TEST(CheckTransformTest, TheRightFactorHappensFirst) {
   const Transform moved = Product(Translation(1, 2, 3), Scaling(2, 3, 4));
