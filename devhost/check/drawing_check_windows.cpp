@@ -62,7 +62,7 @@ void OpenGlCheck::StartDrawing(bool isFace) {
   glGetDoublev(GL_MODELVIEW_MATRIX, modelView.data());
   glGetDoublev(GL_PROJECTION_MATRIX, projection.data());
   const bool isLit = glIsEnabled(GL_LIGHTING) != 0;
-  drawing = {View(modelView, projection), isLit, isFace};
+  drawing = {modelView, projection, View(modelView, projection), isLit, isFace};
   if (current->lists.IsRecording()) return;
   CheckFrame();
   CheckMatrices(modelView, projection);
@@ -184,19 +184,15 @@ void OpenGlCheck::DrawLists(const Call& call) {
   StartDrawing(true);
   if (!current) return;
   methods.DrewVertex();
-  Transform modelView;
-  Transform projection;
-  glGetDoublev(GL_MODELVIEW_MATRIX, modelView.data());
-  glGetDoublev(GL_PROJECTION_MATRIX, projection.data());
   const bool isOne = call.function == Function::glCallList;
   const int count = isOne ? 1 : static_cast<int>(call[0]);
   for (int i = 0; i < count; ++i) {
     const unsigned name = isOne ? call.Whole(0) : static_cast<unsigned>(call.Memory<int>(2)[i]);
     if (current->lists.IsRecording()) {
       current->lists.CallList(name);
-    } else if (!current->selecting) {
+    } else if (drawing) {
       const ViewCount before = current->sinceClear;
-      current->lists.Count(name, modelView, projection, current->sinceClear);
+      current->lists.Count(name, drawing->modelView, drawing->projection, current->sinceClear);
       CheckProjection(before);
     }
   }

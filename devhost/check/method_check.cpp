@@ -97,10 +97,7 @@ void MethodCheck::ToldWhyNothing() {
   if (!frames.empty()) frames.back().toldWhyNothing = true;
 }
 
-void MethodCheck::MadeContext(const void* context) {
-  settings[Self()];
-  renderers[Self()] = {context, false};
-}
+void MethodCheck::MadeContext(const void* context) { renderers[Self()] = {context, false}; }
 
 void MethodCheck::MadeCurrent(const void* context) {
   if (frames.empty()) return;

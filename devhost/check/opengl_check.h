@@ -46,6 +46,8 @@ class OpenGlCheck {
   };
   // What holds while something is drawn.
   struct Drawing {
+    Transform modelView;
+    Transform projection;
     View view;
     bool isLit = false;
     bool isFace = false;

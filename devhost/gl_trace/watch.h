@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstddef>
-#include <initializer_list>
 #include <span>
 #include <string_view>
 #include <type_traits>
