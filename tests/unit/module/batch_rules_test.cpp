@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "tests/unit/support/drawing.h"
+#include "tests/unit/support/renderer_states.h"
 
 namespace {
 

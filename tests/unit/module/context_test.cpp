@@ -134,7 +134,6 @@ TEST_F(ContextTest, SystemErrorIsASignedNumber) {
 TEST_F(ContextTest, OpenWhileOpenClosesFirst) {
   SetCurrent(0x77, 0x88);
   Variable renderer = OpenRenderer();
-  Device().id = 0x2000;
   Call(renderer, "OpenBitmap", Mdc());
   EXPECT_EQ(TakeLog(), Lines({"wglMakeCurrent(0x77, 0x88)", "wglDeleteContext(0xc001)"}) +
                            Creation("0x2000", kBitmapFlags, "0xc002") + Opening().Log());
@@ -151,7 +150,7 @@ TEST_F(ContextTest, OpenAfterAFailedOpenStartsAnew) {
   recorder::Get().answers.createsContexts = true;
   TakeLog();
   Call(renderer, "Open", Mdc());
-  EXPECT_EQ(TakeLog(), Creation("0x1000", kWindowFlags, "0xc001") + Opening().Log());
+  EXPECT_EQ(TakeLog(), Creation("0x2000", kWindowFlags, "0xc001") + Opening().Log());
 }
 
 TEST_F(ContextTest, CloseMakesThePreviousContextCurrentAndDeletesItsOwn) {
@@ -213,7 +212,6 @@ TEST_F(ContextTest, BindMovesTheContextAndAppliesViewportAndProjectionAlone) {
 
 TEST_F(ContextTest, BindWhileBoundRemembersItsOwnContextAsThePrevious) {
   Variable renderer = OpenRenderer();
-  Device().id = 0x2000;
   Call(renderer, "BindMDC", Mdc());
   TakeLog();
   Call(renderer, "FreeMDC");
@@ -227,7 +225,7 @@ TEST_F(ContextTest, BindAsksForThePixelFormatOfTheLastOpen) {
   Call(renderer, "EnableDoubleBuff", true);
   TakeLog();
   Call(renderer, "BindMDC", Mdc());
-  EXPECT_TRUE(TakeLog().starts_with(Binding("0x1000", kBitmapFlags, "0xc001")));
+  EXPECT_TRUE(TakeLog().starts_with(Binding("0x2000", kBitmapFlags, "0xc001")));
 }
 
 TEST_F(ContextTest, BindOfAClosedRendererRaisesNoDc) {
@@ -243,7 +241,6 @@ TEST_F(ContextTest, BindThatCannotMakeCurrentRaisesCantBindDc) {
   Variable renderer = OpenRenderer();
   recorder::Get().answers.makesCurrent = false;
   recorder::Get().answers.lastError = 6;
-  Device().id = 0x2000;
   Call(renderer, "BindMDC", Mdc());
   ExpectModuleError(OGL_CANTBIND_DC, "Can't bind Device Context System error #6");
   EXPECT_EQ(TakeLog(), Binding("0x2000", kWindowFlags, "0xc001"));
@@ -262,7 +259,6 @@ TEST_F(ContextTest, DestructorCloses) {
 
 TEST_F(ContextTest, NestedRenderersGiveBackWhatTheyFound) {
   Variable outer = OpenRenderer();
-  Device().id = 0x2000;
   Variable inner = OpenRenderer();
   ExpectCurrent(0x2000, 0xC002);
   Call(inner, "Close");

@@ -61,13 +61,13 @@ TEST_F(FrameTest, BlendingIsAppliedAtOpening) {
 TEST_F(FrameTest, ViewAndClearColorAreAppliedAtOpening) {
   Variable renderer = NewRenderer();
   Call(renderer, "SetViewPort", 10.0F, 20.0F, 110.0F, 70.0F);
-  Call(renderer, "SetViewerPos", 1.0F, 2.0F, 3.0F, 4.0F, 5.0F, 6.0F, 0.0F, 0.0F, 2.0F);
-  Call(renderer, "SetClipping", -1.0F, 1.0F, -2.0F, 2.0F, 1.0F, 10.0F);
+  Call(renderer, "SetViewerPos", 1.0F, 2.0F, 3.0F, 4.0F, 5.0F, 6.0F, 0.0F, -2.0F, 0.0F);
+  Call(renderer, "SetClipping", -1.0F, 1.5F, -2.0F, 3.0F, 1.0F, 10.0F);
   Call(renderer, "SetClearColor", 0.25F, 0.5F, 0.75F);
   Opening opening;
-  opening.viewport = "glViewport(10, 410, 100, 50)\n";
-  opening.viewer = "gluLookAt(1, 2, 3, 4, 5, 6, 0, 0, 1)\n";
-  opening.frustum = "glFrustum(-1, 1, -2, 2, 1, 10)\n";
+  opening.viewport = "glViewport(26, 410, 100, 50)\n";
+  opening.viewer = "gluLookAt(1, 2, 3, 4, 5, 6, 0, -1, 0)\n";
+  opening.frustum = "glFrustum(-1, 1.5, -2, 3, 1, 10)\n";
   opening.clearColor = "glClearColor(0.25, 0.5, 0.75, 0)\n";
   EXPECT_EQ(OpenAndTakeState(renderer), opening.Log());
 }

@@ -6,6 +6,7 @@
 
 #include "tests/unit/support/host_calls.h"
 #include "tests/unit/support/indexed_lists.h"
+#include "tests/unit/support/renderer_states.h"
 
 namespace {
 

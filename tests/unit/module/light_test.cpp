@@ -7,6 +7,7 @@
 
 #include "classes/gl.h"
 #include "tests/unit/support/fixture.h"
+#include "tests/unit/support/near_variants.h"
 
 namespace {
 
@@ -86,6 +87,17 @@ TEST_F(LightTest, DirectionLeadsFromThePositionToTheOrigin) {
   EXPECT_THAT(log, HasSubstr(LightLine(GL_POSITION, {3, 0, -4, 0.5F})));
   EXPECT_THAT(log, HasSubstr("glLightf(GL_LIGHT0, GL_SPOT_CUTOFF, 30)"));
   EXPECT_THAT(log, HasSubstr(LightLine(GL_SPOT_DIRECTION, {-3.0F / 5, -0.0F / 5, 4.0F / 5, 1})));
+}
+
+TEST_F(LightTest, DirectionIsDividedByTheLengthInSinglePrecision) {
+  const auto scaled = [](auto length) { return [=](float x) { return -x / length(x, 1.7F * x, 0.3F * x); }; };
+  const float x = TellingArgument(scaled(Length), scaled(LengthFromTheEnd), scaled(LengthInDouble));
+  const float length = Length(x, 1.7F * x, 0.3F * x);
+  OGLLightSet lights(1, 1, 1, 1);
+  lights.SetPosition(x, 1.7F * x, 0.3F * x, 1);
+  lights.Apply();
+  EXPECT_THAT(TakeLog(),
+              HasSubstr(LightLine(GL_SPOT_DIRECTION, {-x / length, -(1.7F * x) / length, -(0.3F * x) / length, 1})));
 }
 
 TEST_F(LightTest, LightAtTheOriginSendsTheDivisionByZero) {

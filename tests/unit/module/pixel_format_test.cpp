@@ -71,12 +71,13 @@ TEST_F(PixelFormatTest, ChosenNumberIsSetUnchecked) {
   EXPECT_THAT(TakeLog(), HasSubstr("SetPixelFormat(0x1000, 0,"));
   ExpectModuleError(OGL_WRONG_DC, "The Device Context is not Valid System error #0");
   recorder::Get().answers.pixelFormat = 9;
-  Call(renderer, "Open", NewObject("MDC"));
-  EXPECT_THAT(TakeLog(), HasSubstr("SetPixelFormat(0x1000, 9,"));
+  const Variable second = NewObject("MDC");
+  Call(renderer, "Open", second);
+  EXPECT_THAT(TakeLog(), HasSubstr("SetPixelFormat(0x2000, 9,"));
   // The window has its format, whatever is set.
   recorder::Get().answers.pixelFormat = 0;
-  Call(renderer, "BindMDC", NewObject("MDC"));
-  EXPECT_THAT(TakeLog(), HasSubstr("SetPixelFormat(0x1000, 0,"));
+  Call(renderer, "BindMDC", second);
+  EXPECT_THAT(TakeLog(), HasSubstr("SetPixelFormat(0x2000, 0,"));
   EXPECT_EQ(static_cast<int>(Call(renderer, "IsBind")), 1);
 }
 

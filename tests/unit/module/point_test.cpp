@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/unit/support/near_variants.h"
+
 namespace {
 
 using Floats = std::vector<float>;
@@ -18,6 +20,15 @@ TEST(PointTest, Point) {
   point.Set(0, 0, 0, 5);
   point.Normalize();
   EXPECT_EQ(Floats({point.x, point.y, point.z, point.w}), Floats({1, 0, 0, 1}));
+}
+
+TEST(PointTest, LengthIsSinglePrecision) {
+  const auto scaled = [](auto length) { return [=](float x) { return x / length(x, 1.7F * x, 0.3F * x); }; };
+  const float x = TellingArgument(scaled(Length), scaled(LengthFromTheEnd), scaled(LengthInDouble));
+  OGLPoint point(x, 1.7F * x, 0.3F * x, 1);
+  const float length = Length(point.x, point.y, point.z);
+  point.Normalize();
+  EXPECT_EQ(Floats({point.x, point.y, point.z}), Floats({x / length, 1.7F * x / length, 0.3F * x / length}));
 }
 
 TEST(PointTest, Rectangle) {

@@ -2,6 +2,7 @@
 #include <string>
 
 #include "tests/unit/support/drawing.h"
+#include "tests/unit/support/renderer_states.h"
 
 namespace {
 

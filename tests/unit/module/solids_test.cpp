@@ -4,6 +4,7 @@
 #include <string>
 
 #include "tests/unit/support/drawing.h"
+#include "tests/unit/support/renderer_states.h"
 
 namespace {
 
@@ -93,7 +94,8 @@ std::string TorusStrips(double ring, int segments, double tube, int sides) {
 
 TEST_F(SolidsTest, Torus) {
   Variable renderer = OpenRenderer();
-  for (const auto& [segments, sides] : {std::pair(5, 7), std::pair(1, 1), std::pair(32, 3), std::pair(3, 40)}) {
+  for (const auto& [segments, sides] :
+       {std::pair(5, 7), std::pair(1, 1), std::pair(32, 3), std::pair(3, 40), std::pair(23, 11)}) {
     EXPECT_TRUE(IsUntouched(Call(renderer, "Torus", Variable(2.3), segments, Variable(0.7), sides)));
     const double ring = static_cast<double>(2.3F);
     const double tube = static_cast<double>(0.7F);

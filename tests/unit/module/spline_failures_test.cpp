@@ -4,6 +4,7 @@
 
 #include "classes/gl.h"
 #include "tests/unit/support/drawing.h"
+#include "tests/unit/support/renderer_states.h"
 
 namespace {
 

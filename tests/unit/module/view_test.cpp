@@ -6,6 +6,7 @@
 
 #include "render/topengl.h"
 #include "tests/unit/support/fixture.h"
+#include "tests/unit/support/near_variants.h"
 
 namespace {
 
@@ -129,13 +130,29 @@ TEST_F(ViewTest, PerspectiveUsesTheRequiredValueOfPi) {
 }
 
 TEST_F(ViewTest, PerspectiveIsComputedInSinglePrecisionFromLeftToRight) {
+  const auto half = [](float fovy) { return std::tan(fovy / 180.0F * 3.14159F / 2.0F); };
+  const float fovy = TellingArgument(
+      half, [](float angle) { return std::tan(angle * 3.14159F / 180.0F / 2.0F); },
+      [](float angle) { return std::tan(angle * (1.0F / 180.0F) * 3.14159F / 2.0F); },
+      [](double angle) { return std::tan(static_cast<float>(angle / 180 * static_cast<double>(3.14159F) / 2)); },
+      [](double angle) { return static_cast<float>(std::tan(angle / 180 * static_cast<double>(3.14159F) / 2)); });
+  const auto width = [&](float zNear) { return zNear * half(fovy) * 1.3F; };
+  const float zNear = TellingArgument(
+      width, [&](float distance) { return distance * (half(fovy) * 1.3F); },
+      [&](double distance) {
+        return static_cast<float>(distance * static_cast<double>(half(fovy)) * static_cast<double>(1.3F));
+      });
   Variable renderer = OpenRenderer();
-  Call(renderer, "SetPerspective", 37.3F, 1.3F, 0.7F, 55.5F);
-  float angle = 37.3F / 180.0F;
-  angle *= 3.14159F;
-  angle /= 2.0F;
-  const float h = 0.7F * std::tan(angle);
-  EXPECT_EQ(TakeLog(), Projection(-h * 1.3F, h * 1.3F, -h, h, 0.7F, 55.5F));
+  Call(renderer, "SetPerspective", fovy, 1.3F, zNear, 55.5F);
+  const float h = zNear * half(fovy);
+  EXPECT_EQ(TakeLog(), Projection(-h * 1.3F, h * 1.3F, -h, h, zNear, 55.5F));
+}
+
+TEST_F(ViewTest, ANearPlaneThatIsNoNumberStays) {
+  constexpr float kNaN = std::numeric_limits<float>::quiet_NaN();
+  Variable renderer = OpenRenderer();
+  Call(renderer, "SetPerspective", 90.0F, 1.0F, kNaN, 100.0F);
+  EXPECT_THAT(TakeLog(), HasSubstr(", nan, 100)"));
 }
 
 TEST_F(ViewTest, PerspectiveReplacesOnlyANearPlaneThatIsNotPositive) {
@@ -162,7 +179,7 @@ TEST_F(ViewTest, SettersOfAnUnboundRendererStillApply) {
   Call(renderer, "FreeMDC");
   TakeLog();
   Call(renderer, "SetViewPort", 0.0F, 0.0F, 10.0F, 20.0F);
-  EXPECT_EQ(TakeLog(), "glViewport(0, 460, 10, 20)\n" + DefaultProjection());
+  EXPECT_EQ(TakeLog(), "glViewport(16, 460, 10, 20)\n" + DefaultProjection());
 }
 
 TEST_F(ViewTest, GettersMakePointObjectsAndNumbers) {

@@ -56,11 +56,3 @@ inline std::string With(const std::string& handle, std::string lines) {
   for (std::size_t at = lines.find('%'); at != std::string::npos; at = lines.find('%')) lines.replace(at, 1, handle);
   return lines;
 }
-
-// A renderer that is open but bound to no device, and one that is neither.
-inline std::vector<Variable> UndrawableRenderers() {
-  Variable unbound = OpenRenderer();
-  Call(unbound, "FreeMDC");
-  TakeLog();
-  return {unbound, NewRenderer()};
-}

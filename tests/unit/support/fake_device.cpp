@@ -1,14 +1,23 @@
 #include "tests/unit/support/fake_device.h"
 
+#include "devhost/runtime/payload.h"
 #include "devhost/runtime/runtime.h"
 
 namespace {
 
 void MakeNothing(VarRegister&, VarRegister*, int, Processor*) {}
 
-void GetID(VarRegister& result, VarRegister*, int, Processor*) {
+// The object is the last register.
+long long& IdOf(VarRegister* args, int argc) { return Device().ids[devhost::ObjectOf(args[argc - 1].GetVar())]; }
+
+void MakeDevice(VarRegister&, VarRegister* args, int argc, Processor*) {
+  IdOf(args, argc) = Device().id;
+  if (Device().id != 0) Device().id += 0x1000;
+}
+
+void GetID(VarRegister& result, VarRegister* args, int argc, Processor*) {
   Device().requests.emplace_back("GetID");
-  static_cast<Variable&>(result) = Device().id;
+  static_cast<Variable&>(result) = IdOf(args, argc);
 }
 
 void GetClientRect(VarRegister& result, VarRegister*, int, Processor*) {
@@ -28,7 +37,7 @@ void GetBottom(VarRegister& result, VarRegister*, int, Processor*) { ReturnField
 
 // A field of the rectangle is computed by its getter, so that the test sees when it is read.
 constexpr MethodEntry kRows[] = {
-    {MakeNothing, "MDC::MDC(void)"},
+    {MakeDevice, "MDC::MDC(void)"},
     {GetID, "MDC::GetID(void)"},
     {GetClientRect, "MDC::GetClientRect(void)"},
     {MakeNothing, "ClientRectangle::ClientRectangle(void)"},

@@ -22,7 +22,7 @@ struct FogOn {
 
 // The parts that settings change; the rest of the initial state is fixed.
 struct Opening {
-  std::string viewport = "glViewport(0, 80, 400, 400)\n";
+  std::string viewport = "glViewport(16, 80, 400, 400)\n";
   std::string viewer = "gluLookAt(0, 0, 1000, 0, 0, 0, 0, 1, 0)\n";
   std::string shading = "glShadeModel(GL_FLAT)\n";
   std::string light{};
