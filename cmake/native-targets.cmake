@@ -27,7 +27,7 @@ set(host_trace_source "${PROJECT_SOURCE_DIR}/tests/unit/support/host_trace.cpp")
 add_part(host_trace_part "${host_trace_source}")
 # ... and calls that are counted or let fail.
 set(watcher_sources)
-foreach(name function_trace host_calls processor_limit)
+foreach(name function_trace host_calls processor_limit value_trace)
   list(APPEND watcher_sources "${PROJECT_SOURCE_DIR}/tests/unit/support/${name}.cpp")
 endforeach()
 add_part(watcher_part ${watcher_sources})

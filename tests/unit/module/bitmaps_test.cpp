@@ -8,6 +8,7 @@
 #include "tests/unit/support/allocation.h"
 #include "tests/unit/support/fake_bitmap.h"
 #include "tests/unit/support/fixture.h"
+#include "tests/unit/support/near_variants.h"
 
 namespace {
 
@@ -99,6 +100,28 @@ TEST_F(BitmapsTest, TilesCoverEverySizeRowByRow) {
     EXPECT_EQ(TexturesOf("glTexSubImage2D"), parts) << width << " x " << height;
     EXPECT_EQ(TakeLog(), Drawn(tiles)) << width << " x " << height;
   }
+}
+
+// Where the edge before a pixel lies, rounded to single precision at each step; in double precision it lies elsewhere.
+float Edge(float corner, int pixel, float scale) { return corner + static_cast<float>(pixel) * scale; }
+float EdgeInDouble(double corner, int pixel, double scale) { return static_cast<float>(corner + pixel * scale); }
+
+TEST_F(BitmapsTest, EdgesOfTilesAreSinglePrecision) {
+  using Edges = std::pair<float, float>;
+  constexpr float kCorner = 0.1F;
+  const float scale =
+      TellingArgument([](float s) { return Edges{Edge(kCorner, 768, s), Edge(kCorner, 801, s)}; },
+                      [](float s) { return Edges{EdgeInDouble(kCorner, 768, s), Edge(kCorner, 801, s)}; },
+                      [](float s) { return Edges{Edge(kCorner, 768, s), EdgeInDouble(kCorner, 801, s)}; },
+                      [](float s) { return Edges{Edge(kCorner, 768, s), Edge(kCorner, 768, s) + 33 * s}; });
+  const auto x = [scale](int pixel) { return Edge(kCorner, pixel, scale); };
+  Variable renderer = OpenRenderer();
+  Call(renderer, "DrawBitmap", kCorner, kCorner, 0.0F, scale, NewFakeBitmap(801, 1, ByteString(Pixels(801, 1))));
+  std::string log = TakeLog();
+  EXPECT_THAT(log, HasSubstr(Tile(33, 1, x(768), x(0), x(801), x(1), 0)));
+  Call(renderer, "DrawBitmap", kCorner, kCorner, 0.0F, scale, NewFakeBitmap(1, 801, ByteString(Pixels(1, 801))));
+  log = TakeLog();
+  EXPECT_THAT(log, HasSubstr(Tile(1, 33, x(0), x(768), x(1), x(801), 0)));
 }
 
 TEST_F(BitmapsTest, TextureStartsBlack) {

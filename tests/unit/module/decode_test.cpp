@@ -5,6 +5,7 @@
 
 #include "tests/unit/support/allocation.h"
 #include "tests/unit/support/fixture.h"
+#include "tests/unit/support/value_trace.h"
 
 namespace {
 
@@ -93,6 +94,15 @@ TEST_F(DecodeTest, AsManyNumbersAsPointsArePackedColors) {
             Floats({1.0F / 255.0F, 2.0F / 255.0F, 3.0F / 255.0F, 0, 0, 1}));
 }
 
+TEST_F(DecodeTest, BytesOfPackedColorsAreDividedInSinglePrecision) {
+  for (int byte = 0; byte < 256; ++byte) {
+    const int inverse = 255 - byte;
+    const float share = static_cast<float>(byte) / 255.0F;
+    EXPECT_EQ(Colors(Integers({byte | inverse << 8 | byte << 16}), 1),
+              Floats({share, static_cast<float>(inverse) / 255.0F, share}));
+  }
+}
+
 TEST_F(DecodeTest, ByteAboveBlueIsIgnored) {
   EXPECT_EQ(Colors(Integers({static_cast<int>(0xFF030201)}), 1), Floats({1.0F / 255.0F, 2.0F / 255.0F, 3.0F / 255.0F}));
 }
@@ -129,6 +139,63 @@ TEST_F(DecodeTest, BadElementsSetTheErrorStatusAndDecodingGoesOn) {
   EXPECT_EQ(Colors(Vector({Color(1, 2, 3), Point3(4, 5, 6)}), 2), Floats({1, 2, 3, 0, 0, 0}));
   EXPECT_TRUE(devhost::PendingError());
   devhost::ClearError();
+}
+
+// ---- In which order the host is asked
+
+std::string ReadsOfPoints(Variable vector) {
+  const ValueTrace trace({{&vector, "points"}});
+  DecodePoints(vector);
+  return TakeLog();
+}
+
+TEST_F(DecodeTest, NumbersAreReadOneByOne) {
+  EXPECT_EQ(ReadsOfPoints(Numbers({1, 2, 3, 4})),
+            Lines({"points: GetDim()", "points: element(0)", "value: IsNumber()", "points: element(0)",
+                   "points: element(1)", "points: element(2)"}));
+}
+
+TEST_F(DecodeTest, RowsAreReadByElementOrByName) {
+  EXPECT_EQ(ReadsOfPoints(Vector({Point3(1, 2, 3), Row(4, 5, 6)})),
+            Lines({"points: GetDim()", "points: element(0)", "value: IsNumber()", "GetNameID(x)", "GetNameID(y)",
+                   "GetNameID(z)", "points: element(0)", "value: field(x)", "value: field(y)", "value: field(z)",
+                   "points: element(1)", "value: element(0)", "value: element(1)", "value: element(2)"}));
+}
+
+TEST_F(DecodeTest, ColorsAreReadAsPointsAre) {
+  Variable colors = Vector({Color(1, 2, 3)});
+  const ValueTrace trace({{&colors, "colors"}});
+  DecodeColors(colors, 1);
+  EXPECT_EQ(TakeLog(), Lines({"colors: GetDim()", "colors: element(0)", "value: IsNumber()", "GetNameID(Red)",
+                              "GetNameID(Green)", "GetNameID(Blue)", "colors: element(0)", "value: field(Red)",
+                              "value: field(Green)", "value: field(Blue)"}));
+}
+
+TEST_F(DecodeTest, ControlsAreReadPointByPoint) {
+  Variable xs = Numbers({1, 2});
+  Variable ys = Numbers({3, 4});
+  Variable zs = Numbers({5, 6});
+  const ValueTrace trace({{&xs, "xs"}, {&ys, "ys"}, {&zs, "zs"}});
+  Triples controls(2);
+  DecodeControls(controls, xs, ys, &zs);
+  const std::string first = Lines({"xs: element(0)", "ys: element(0)", "zs: element(0)"});
+  EXPECT_EQ(TakeLog(), first + Lines({"xs: element(1)", "ys: element(1)", "zs: element(1)"}));
+  PackRow(7, xs, ys, controls.Values(), 1);
+  EXPECT_EQ(TakeLog(), Lines({"xs: element(0)", "ys: element(0)"}));
+}
+
+TEST_F(DecodeTest, ListsOfPointsAndOfNormalsAreReadInTurn) {
+  Variable points = Vector({Row(1, 2, 3), Row(4, 5, 6)});
+  Variable normals = Vector({Row(1, 2, 3), Row(4, 5, 6)});
+  const ValueTrace trace({{&points, "points"}, {&normals, "normals"}});
+  const PointLists lists(points, normals);
+  std::string order;
+  for (const recorder::Call& call : recorder::Get().calls) {
+    if (!call.name.starts_with("value: ")) order += call.Text() + "\n";
+  }
+  TakeLog();
+  EXPECT_EQ(order, Lines({"points: GetDim()", "points: element(0)", "normals: element(0)", "points: element(1)",
+                          "normals: element(1)"}));
 }
 
 TEST_F(DecodeTest, WithoutMemoryThereIsNoArray) {

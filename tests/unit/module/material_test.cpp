@@ -1,9 +1,12 @@
 // "OglMaterial".
 #include "classes/material.h"
 
+#include <cmath>
+#include <limits>
 #include <string>
 #include <vector>
 
+#include "classes/gl.h"
 #include "tests/unit/support/fixture.h"
 #include "tests/unit/support/host_trace.h"
 
@@ -144,6 +147,20 @@ TEST_F(MaterialTest, SetColorGivesSpecularTheColorItself) {
   ExpectFaces(material, "Emission", {0, 0, 0, 0.5F}, {0, 0, 0, 0.5F});
 }
 
+// 0 times infinity is no number.
+TEST_F(MaterialTest, EmissionIsZeroTimesTheColor) {
+  constexpr float kInfinity = std::numeric_limits<float>::infinity();
+  for (std::size_t infinite = 0; infinite < 3; ++infinite) {
+    Floats color = {1, 2, 3};
+    color[infinite] = kInfinity;
+    Variable material = NewMaterial(0, 0, 0, 1);
+    Call(material, "SetColor", color[0], color[1], color[2], 0.5F);
+    const Floats emission = Get(material, "Emission", true);
+    for (std::size_t i = 0; i < 3; ++i) EXPECT_EQ(std::isnan(emission[i]), i == infinite) << i;
+    EXPECT_EQ(emission[3], 0.5F);
+  }
+}
+
 TEST_F(MaterialTest, SetColorWithASelectorSetsOneFace) {
   Variable material = NewMaterial(0, 0, 0, 1);
   Call(material, "SetColor", 1.0F, 1.0F, 1.0F, 0.5F, true);
@@ -152,6 +169,22 @@ TEST_F(MaterialTest, SetColorWithASelectorSetsOneFace) {
   Call(material, "SetColor", 0.0F, 0.0F, 0.0F, 0.25F, 0);
   ExpectFaces(material, "Specular", {1, 1, 1, 0.5F}, {0, 0, 0, 0.25F});
   ExpectFaces(material, "Emission", {0, 0, 0, 0.5F}, {0, 0, 0, 0.25F});
+}
+
+std::string SentBy(const OGLMaterialColor& color) {
+  color.Apply();
+  return TakeLog();
+}
+
+TEST_F(MaterialTest, ColorKnowsItsParameterAndFace) {
+  OGLMaterialColor color(GL_DIFFUSE, 1, 2, 3, 4, GL_FRONT);
+  EXPECT_EQ(SentBy(color), "glMaterialfv(GL_FRONT, GL_DIFFUSE, {1, 2, 3, 4})\n");
+  color.Set(GL_EMISSION, 5, 6, 7, 8, GL_BACK);
+  EXPECT_EQ(SentBy(color), "glMaterialfv(GL_BACK, GL_EMISSION, {5, 6, 7, 8})\n");
+  const OGLMaterialColor ofAColor(GL_AMBIENT, OGLColor(9, 10, 11, 12), GL_BACK);
+  EXPECT_EQ(SentBy(ofAColor), "glMaterialfv(GL_BACK, GL_AMBIENT, {9, 10, 11, 12})\n");
+  color = ofAColor;
+  EXPECT_EQ(SentBy(color), SentBy(ofAColor));
 }
 
 // The setters of one component, which differ in nothing but the component.

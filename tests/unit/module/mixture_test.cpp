@@ -69,12 +69,31 @@ TEST_F(MixtureTest, ViewportOfNegativeSizeIsNotRead) {
   }
 }
 
+TEST_F(MixtureTest, ViewportThatOpenGLDoesNotTellIsEmpty) {
+  Variable renderer = OpenRenderer();
+  SetFrame(1, 1, {100, 100, 100});
+  const Variable string = ByteString({200, 200, 200});
+  EXPECT_TRUE(Mix(renderer, 1, 1, string, 1.0F));
+  recorder::Get().answers.viewport.reset();
+  EXPECT_TRUE(Mix(renderer, 1, 1, string, 0.0F));
+  EXPECT_EQ(BytesOf(string), Bytes({200, 200, 200}));
+}
+
 TEST_F(MixtureTest, QuarterOfTheOldAndThreeOfTheFrame) {
   Variable renderer = OpenRenderer();
   SetFrame(1, 1, {100, 100, 100});
   const Variable string = ByteString({200, 200, 200});
   EXPECT_TRUE(Mix(renderer, 1, 1, string, 0.25F));
   EXPECT_EQ(BytesOf(string), Bytes({125, 125, 125}));
+}
+
+// 1 - factor is rounded to single precision, here to 1.
+TEST_F(MixtureTest, TinyFactorLeavesAllToTheFrame) {
+  Variable renderer = OpenRenderer();
+  SetFrame(1, 1, {255, 255, 255});
+  const Variable string = ByteString({0, 0, 0});
+  EXPECT_TRUE(Mix(renderer, 1, 1, string, 1e-9F));
+  EXPECT_EQ(BytesOf(string), Bytes({255, 255, 255}));
 }
 
 TEST_F(MixtureTest, TopRowComesFirstBlueFirst) {

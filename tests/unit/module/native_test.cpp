@@ -1,6 +1,8 @@
 // Native objects are told apart by the word that they begin with.
 #include "binding/native.h"
 
+#include <memory>
+
 #include "classes/material.h"
 #include "render/topengl.h"
 #include "tests/unit/support/fixture.h"
@@ -37,6 +39,12 @@ TEST_F(NativeTest, TheFirstObjectTeachesTheOthersChangeNothing) {
   EXPECT_TRUE(learned.Has(first));
   EXPECT_FALSE(learned.Has(second));
   EXPECT_TRUE(NativeClass::AnyHas(first));
+}
+
+TEST_F(NativeTest, NothingTeachesNothing) {
+  class NeverMade : public TalqAss {};
+  Join<NeverMade>(nullptr, nullptr, nullptr);
+  EXPECT_FALSE(nativeClass<NeverMade>.Has(&*std::make_unique<NeverMade>()));
 }
 
 // Another module's object may begin with 0, and none of the class may have been made yet.

@@ -69,6 +69,14 @@ TEST_F(RasterBitmapsTest, BitsMoveThePositionByTheirWidth) {
             Lines({"glRasterPos3f(1, 2, 3)", "glPixelStorei(GL_UNPACK_ALIGNMENT, 4)", "glBitmap(8, 2, 0, 0, 8, 0)"}));
 }
 
+TEST_F(RasterBitmapsTest, MaskOfNegativeSizeNeedsNoBits) {
+  Variable renderer = OpenRenderer();
+  for (const auto& [width, height] : std::initializer_list<std::pair<int, int>>{{-40, 2}, {40, -2}, {-40, -2}}) {
+    Call(renderer, "Put2bBitmap", 1.0F, 2.0F, 3.0F, width, height, ByteString({}));
+    EXPECT_THAT(TakeLog(), HasSubstr(Line("glBitmap", width, height, 0, 0, width, 0)));
+  }
+}
+
 TEST_F(RasterBitmapsTest, BitsAtAPoint) {
   Variable renderer = OpenRenderer();
   const Bytes bits = {1, 2, 3, 4, 5};

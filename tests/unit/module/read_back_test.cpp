@@ -67,6 +67,8 @@ TEST_F(ReadBackTest, PositionIsCutOffTowardsZero) {
   Variable renderer = OpenRenderer();
   Call(renderer, "GetDIBits", 10.9F, -3.9F, 4, 1);
   EXPECT_THAT(TakeLog(), HasSubstr("glReadPixels(10, -3, 4, 1,"));
+  Call(renderer, "GetDIBits", -10.9F, 3.9F, 5, 1);
+  EXPECT_THAT(TakeLog(), HasSubstr("glReadPixels(-10, 3, 5, 1,"));
   Call(renderer, "GetDIBits", 1e30F, std::numeric_limits<float>::quiet_NaN(), 4, 1);
   EXPECT_THAT(TakeLog(), HasSubstr("glReadPixels(-2147483648, -2147483648, 4, 1,"));
 }

@@ -84,7 +84,7 @@ TEST_F(SplinesTest, CurvesOfAnyLengthAreLeftToGlu) {
   EXPECT_EQ(TakeLog(), none);
 }
 
-// A surface of 5 columns and 4 rows.
+// A surface, of 5 columns and 4 rows where nothing else is said.
 struct Surface {
   Floats xs = From(1, 5);
   Floats zs = From(100, 4);
@@ -111,8 +111,10 @@ struct Surface {
     return controls;
   }
   std::string Line(const Floats& values, const char* map) const {
-    return "gluNurbsSurface(%, 9, " + Brackets(sKnots) + ", 8, " + Brackets(tKnots) + ", 3, 15, " + Brackets(values) +
-           ", 4, 4, " + map + ")\n";
+    const std::size_t rowStride = 3 * xs.size();
+    return "gluNurbsSurface(%, " + std::to_string(sKnots.size()) + ", " + Brackets(sKnots) + ", " +
+           std::to_string(tKnots.size()) + ", " + Brackets(tKnots) + ", 3, " + std::to_string(rowStride) + ", " +
+           Brackets(values) + ", 4, 4, " + map + ")\n";
   }
   std::string Filled() const {
     return std::string(kFilled) + "glEnable(GL_AUTO_NORMAL)\ngluNurbsProperty(%, GLU_DISPLAY_MODE, GLU_FILL)\n" +
@@ -132,8 +134,16 @@ struct Surface {
 TEST_F(SplinesTest, SurfaceTakesTheLastRowFirst) {
   Variable renderer = OpenRenderer();
   const Surface surface;
-  const std::string expected = Nurbs(surface.Filled());
+  std::string expected = Nurbs(surface.Filled());
   EXPECT_TRUE(IsUntouched(CallRow(renderer, kSurface, surface.Arguments())));
+  EXPECT_EQ(TakeLog(), expected);
+  const Surface other{.xs = From(1, 4),
+                      .zs = From(100, 6),
+                      .heights = {From(10, 4), From(20, 4), From(30, 4), From(40, 4), From(50, 4), From(60, 4)},
+                      .sKnots = From(0, 8),
+                      .tKnots = From(50, 10)};
+  expected = Nurbs(other.Filled());
+  CallRow(renderer, kSurface, other.Arguments());
   EXPECT_EQ(TakeLog(), expected);
 }
 

@@ -41,13 +41,6 @@ void* WatchedAllocator(std::size_t size, std::size_t x, std::size_t y, std::size
   return memory;
 }
 
-Variable& RealElement(Variable*, int) asm("__real__ZN8VariableixEi");
-Variable& WatchedElement(Variable*, int) asm("__wrap__ZN8VariableixEi");
-Variable& WatchedElement(Variable* vector, int index) {
-  if (index < 0 || index >= vector->GetDim()) ++Host().outsideElements;
-  return RealElement(vector, index);
-}
-
 void RealClear(Variable*) asm("__real__ZN8Variable5ClearEv");
 void WatchedClear(Variable*) asm("__wrap__ZN8Variable5ClearEv");
 void WatchedClear(Variable* value) {
