@@ -50,6 +50,17 @@ TEST_F(FrameTest, FogIsAppliedAtOpeningWithTheFrustumsDepths) {
   EXPECT_EQ(OpenAndTakeState(renderer), opening.Log());
 }
 
+TEST_F(FrameTest, LightComesBeforeFog) {
+  Variable renderer = NewRenderer();
+  Call(renderer, "EnableLight", true);
+  Call(renderer, "EnableTwoSide", true);
+  Call(renderer, "EnableFog", true);
+  Opening opening;
+  opening.light = LightOn();
+  opening.fog = FogOn().Log();
+  EXPECT_EQ(OpenAndTakeState(renderer), opening.Log());
+}
+
 TEST_F(FrameTest, BlendingIsAppliedAtOpening) {
   Variable renderer = NewRenderer();
   Call(renderer, "EnableBlend", true);
@@ -92,10 +103,11 @@ TEST_F(FrameTest, SettingsSurviveClosing) {
 
 TEST_F(FrameTest, ClearClearsColorAndDepth) {
   Variable renderer = OpenRenderer();
-  Call(renderer, "SetClearColor", 1.0F, 0.0F, 0.0F);
+  Call(renderer, "SetClearColor", NewColor(1.0F, 0.25F, 0.5F, 0.75F));
   TakeLog();
   Call(renderer, "Clear");
-  EXPECT_EQ(TakeLog(), Lines({"glClearColor(1, 0, 0, 0)", "glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT)"}));
+  EXPECT_EQ(TakeLog(),
+            Lines({"glClearColor(1, 0.25, 0.5, 0.75)", "glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT)"}));
 }
 
 TEST_F(FrameTest, ClearNeedsAnOpenAndBoundRenderer) {

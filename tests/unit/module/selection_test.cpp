@@ -37,6 +37,17 @@ void ForgetUnended() {
   recorder::Get().balance.matrixDepth.clear();
 }
 
+TEST_F(SelectionTest, ABindThatFailsTakesTheClientRectangleToo) {
+  Variable renderer = NewRenderer();
+  Device().bottom = 300;
+  Call(renderer, "BindMDC", NewObject("MDC"));
+  ExpectModuleError(OGL_NO_DC, "The Device Context is not Open");
+  Call(renderer, "BeginSelection", 100, 50, 4, 4);
+  EXPECT_THAT(TakeLog(), HasSubstr("gluPickMatrix(98, 248, 4, 4,"));
+  Call(renderer, "EndSelection");
+  TakeLog();
+}
+
 TEST_F(SelectionTest, NamesGoToOpenGLOpenOrNot) {
   for (Variable renderer : {OpenRenderer(), NewRenderer()}) {
     Call(renderer, "InitNameStack");

@@ -156,6 +156,16 @@ TEST_F(SplinesTest, NormalsKeepTheirOrderAndComeBeforeThePoints) {
   EXPECT_EQ(TakeLog(), expected);
 }
 
+TEST_F(SplinesTest, NormalsOfAnEarlierSurfaceAreNotKept) {
+  Variable renderer = OpenRenderer();
+  const Surface surface;
+  CallRow(renderer, kSurfaceNormals, surface.Arguments(Numbers(Counting(20))));
+  TakeLog();
+  const std::string expected = Nurbs(surface.Filled());
+  CallRow(renderer, kSurface, surface.Arguments());
+  EXPECT_EQ(TakeLog(), expected);
+}
+
 TEST_F(SplinesTest, NormalsMayHaveAnyShape) {
   Variable renderer = OpenRenderer();
   const Surface surface;

@@ -2,8 +2,6 @@
 
 #include <cstring>
 
-#include "host/talq.h"
-
 HostCalls& Host() {
   static HostCalls calls;
   return calls;
@@ -16,6 +14,7 @@ HostCalls& Host() {
   void Watched##name(Variable&, const Variable&, const Variable&) asm("__wrap_" mangled); \
   void Watched##name(Variable& result, const Variable& a, const Variable& b) {            \
     Host().general.emplace_back(#name);                                                   \
+    Host().operands = {&a, &b};                                                           \
     Real##name(result, a, b);                                                             \
   }
 

@@ -7,10 +7,13 @@
 #include <string>
 #include <vector>
 
+#include "host/talq.h"
+
 // What was called, and what is answered.
 struct HostCalls {
-  std::vector<std::string> general{};       // names of the general routines called, in order
-  std::array<std::size_t, 4> allocation{};  // what HMALLOC was last called with
+  std::vector<std::string> general{};         // names of the general routines called, in order
+  std::array<const Variable*, 2> operands{};  // of the last of them
+  std::array<std::size_t, 4> allocation{};    // what HMALLOC was last called with
   bool hasMemory = true;
   unsigned char memoryFill = 0xCD;  // what memory of HMALLOC holds
   bool hasConnector = true;

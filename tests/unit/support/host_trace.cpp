@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "tests/recorder/recorder.h"
+#include "tests/unit/support/host_depth.h"
 
 namespace {
 
@@ -18,7 +19,6 @@ struct Traced {
 };
 
 std::optional<Traced> traced;
-int depth = 0;  // of host calls within each other
 std::optional<unsigned char*> registerBytes;
 
 std::string NameOf(const VarRegister* reg) {
@@ -41,11 +41,11 @@ class Note {
  public:
   template <class... A>
   explicit Note(const std::string& name, const A&... arguments) {
-    if (depth++ == 0 && traced) recorder::Record(name.c_str(), arguments...);
+    if (HostDepth()++ == 0 && traced) recorder::Record(name.c_str(), arguments...);
   }
   Note(const Note&) = delete;
   Note& operator=(const Note&) = delete;
-  ~Note() { --depth; }
+  ~Note() { --HostDepth(); }
 };
 
 }  // namespace

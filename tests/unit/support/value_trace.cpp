@@ -5,6 +5,7 @@
 
 #include "tests/recorder/recorder.h"
 #include "tests/unit/support/host_calls.h"
+#include "tests/unit/support/host_depth.h"
 
 namespace {
 
@@ -14,20 +15,19 @@ struct Traced {
 };
 
 std::optional<Traced> traced;
-int depth = 0;  // of host calls within each other
 
 // Notes a read of the module's own and keeps the host's reads within it out of the log.
 class Note {
  public:
   Note(const Variable* value, const char* read, const std::string& argument) {
-    if (depth++ > 0 || !traced) return;
+    if (HostDepth()++ > 0 || !traced) return;
     const auto name = traced->names.find(value);
     const std::string who = !value ? "" : name == traced->names.end() ? "value: " : name->second + ": ";
     recorder::Get().calls.push_back({who + read, {argument}, {}});
   }
   Note(const Note&) = delete;
   Note& operator=(const Note&) = delete;
-  ~Note() { --depth; }
+  ~Note() { --HostDepth(); }
 };
 
 }  // namespace
@@ -65,6 +65,25 @@ Variable& TracedField(Variable* object, unsigned short id) {
   const Note note(object, "field", traced ? traced->fields[id] : "");
   return RealField(object, id);
 }
+
+String* RealString(const Variable*) asm("__real__ZN8Variable9GetStringEv");
+String* TracedString(const Variable*) asm("__wrap__ZN8Variable9GetStringEv");
+String* TracedString(const Variable* value) {
+  const Note note(value, "GetString", "");
+  return RealString(value);
+}
+
+#define TRACE_ASSIGNMENT(type, mangled)                                             \
+  Variable& RealAssign(Variable*, type) asm("__real__ZN8VariableaS" mangled);       \
+  Variable& TracedAssign(Variable*, type) asm("__wrap__ZN8VariableaS" mangled);     \
+  Variable& TracedAssign(Variable* value, type given) {                             \
+    const Note note(value, "assign", gl_trace::Format(static_cast<double>(given))); \
+    return RealAssign(value, given);                                                \
+  }
+
+TRACE_ASSIGNMENT(float, "Ef")
+TRACE_ASSIGNMENT(double, "Ed")
+TRACE_ASSIGNMENT(unsigned long, "Em")
 
 unsigned short RealNameId(char*) asm("__real__ZN5Token9GetNameIDEPc");
 unsigned short TracedNameId(char*) asm("__wrap__ZN5Token9GetNameIDEPc");

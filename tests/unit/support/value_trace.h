@@ -1,4 +1,4 @@
-// The module's reads of Vectors and of objects' fields, in the recorder's log.
+// How the module reads and writes values: elements of Vectors, fields of objects, byte strings, in the recorder's log.
 #pragma once
 
 #include <map>
@@ -7,8 +7,9 @@
 #include "host/talq.h"
 
 // While it lives, these are noted, one call a line: "points: GetDim()", "points: element(2)", "value: IsNumber()",
-// "value: field(x)" and "GetNameID(x)". The values that are given have names; all others are "value". What the host
-// calls itself is not noted. The linker leads the calls here (cmake/wrapped-calls.cmake).
+// "value: field(x)", "value: assign(0.5)", "value: GetString()" and "GetNameID(x)". The values that are given have
+// names; all others are "value". What the host calls itself is not noted. The linker leads the calls here
+// (cmake/wrapped-calls.cmake).
 class ValueTrace {
  public:
   explicit ValueTrace(std::map<const Variable*, std::string> names);
