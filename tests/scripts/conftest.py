@@ -21,6 +21,8 @@ WINE_SERVER = "/usr/lib/wine/wineserver"
 TIME_LIMIT = 900  # seconds
 CLOSING_LIMIT = 120  # seconds, for Wine, of which it takes some
 MEBIBYTE = 1 << 20
+# One prefix serves one display, so each worker has its own (scripts/setup).
+WINDOW_PREFIX = f"window-{os.environ.get('PYTEST_XDIST_WORKER', 'gw0')}"
 MOST_USED = 1024  # bytes of a script's own values, more or fewer than before
 
 
@@ -39,12 +41,12 @@ def read_picture(path):
     return numpy.asarray(PIL.Image.open(path).convert("RGB"))
 
 
-def wine_environment(display):
-    """The environment of a Wine program on the X display or, with None, headless; prefixes as ./run uses them."""
+def wine_environment(display, prefix=WINDOW_PREFIX):
+    """The environment of a Wine program on the X display in the prefix or, with None, headless."""
     environment = {name: value for name, value in os.environ.items() if name != "DISPLAY"}
     environment |= {
         "LC_ALL": "C.UTF-8",
-        "WINEPREFIX": str(ROOT / "build" / "wine" / ("window" if display else "headless")),
+        "WINEPREFIX": str(ROOT / "build" / "wine" / (prefix if display else "headless")),
         "WINEDEBUG": "-all",
         "WINEDLLOVERRIDES": "mscoree=;mshtml=;winedbg.exe=;services.exe=;winemenubuilder.exe=;glu32=n",
     }
@@ -89,11 +91,11 @@ def run_in_wine(program, arguments, folder, display=None):
 
 
 @contextlib.contextmanager
-def wine_kept_running(display=None):
+def wine_kept_running(display=None, prefix=WINDOW_PREFIX):
     """Lets a program wait for input meanwhile: without any, Wine ends, and the next one waits until it is up again."""
     program = subprocess.Popen(
         [WINE, PROGRAMS / "talq.exe", "--no-module", "-i"],
-        env=wine_environment(display),
+        env=wine_environment(display, prefix),
         stdin=subprocess.PIPE,
         stdout=subprocess.DEVNULL,
         stderr=subprocess.DEVNULL,
@@ -144,8 +146,8 @@ def read_text(file):
 
 
 @contextlib.contextmanager
-def virtual_display():
-    """A virtual X display with a window manager."""
+def virtual_display(prefix=WINDOW_PREFIX):
+    """A virtual X display with a window manager, and Wine running for it in the prefix."""
     read_end, write_end = os.pipe()
     options = ["-screen", "0", "1024x768x24", "+extension", "GLX", "-nolisten", "tcp"]
     with running(["Xvfb", "-displayfd", str(write_end), *options], pass_fds=[write_end]):
@@ -154,11 +156,11 @@ def virtual_display():
             number = pipe.readline().strip()
         assert number, "Xvfb did not start"
         try:
-            with window_manager(f":{number}"), wine_kept_running(f":{number}"):
+            with window_manager(f":{number}"), wine_kept_running(f":{number}", prefix):
                 yield f":{number}"
         finally:
             # Wine's desktop closes before its display does.
-            subprocess.run([WINE_SERVER, "-w"], env=wine_environment(f":{number}"), timeout=CLOSING_LIMIT)
+            subprocess.run([WINE_SERVER, "-w"], env=wine_environment(f":{number}", prefix), timeout=CLOSING_LIMIT)
 
 
 @pytest.fixture(scope="session")
@@ -254,12 +256,11 @@ def assert_nothing_kept(run_program):
     return check
 
 
-# Before the workers' own hook, which reads the marks.
+LONGEST = ["test_package.py", "test_open_close.py"]
+
+
+# Before the workers' own hook, which reads the groups.
 @pytest.hookimpl(tryfirst=True)
 def pytest_collection_modifyitems(items):
-    # One Wine prefix serves one display: all tests with windows go to the same worker.
-    for item in items:
-        if "window" in item.name:
-            item.add_marker(pytest.mark.xdist_group("window"))
-    # The longest of those without a window comes first, so that it is not the last one to run.
-    items.sort(key=lambda item: item.path.name != "test_open_close.py")
+    """The longest come first, so that no worker is left with one when the others have ended."""
+    items.sort(key=lambda item: LONGEST.index(item.path.name) if item.path.name in LONGEST else len(LONGEST))

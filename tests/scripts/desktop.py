@@ -1,7 +1,5 @@
 """Scripts with windows under real input: a display with a window manager, and a user's mouse and keys.
 
-    pytestmark = pytest.mark.xdist_group("window")        # one Wine prefix serves one display
-
     def test_something(desktop):
         with desktop.start(SCRIPT) as window:             # a script's text or path, and its arguments
             window.wait_until(lambda picture: is_green(picture[10, 10]))

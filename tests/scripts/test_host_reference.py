@@ -52,7 +52,6 @@ def test_each_entry_stands_under_its_signatures():
         assert EXAMPLE.search(text) and not text.startswith("Example:"), name
 
 
-@pytest.mark.xdist_group("window")
 def test_examples_run_one_after_another(talq, tmp_path):
     (tmp_path / "part.talq").write_text("partIsThere = true;\n")
     names = re.search(r"^```talq\n(.*?)^```$", DOCUMENT[: DOCUMENT.index("\n## ")], re.MULTILINE | re.DOTALL)[1]

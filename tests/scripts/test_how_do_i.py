@@ -60,7 +60,6 @@ def test_an_answer_prints_saves_or_draws_something(run_text, plain_scene, answer
     assert picture.any() and (picture != plain_scene).any()
 
 
-@pytest.mark.xdist_group("window")
 @cases([answer for answer in ANSWERS if is_in_a_window(answer)])
 def test_an_answer_shows_its_window_until_it_is_closed(desktop, answer):
     with desktop.start(script_of(answer), options=["--check"]) as window:

@@ -97,7 +97,6 @@ def resident_bytes(window):
         return int(re.search(r"VmRSS:\s+(\d+) kB", status.read())[1]) * 1024
 
 
-@pytest.mark.xdist_group("window")
 @pytest.mark.parametrize("name", gallery.INTERACTIVE)
 def test_example_bears_any_input(desktop, name):
     with desktop.start(copy_that_counts(name, desktop.folder), options=["--check"]) as window:

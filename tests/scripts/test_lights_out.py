@@ -130,7 +130,6 @@ def test_three_faces_are_seen():
     assert len(SEEN) == 27
 
 
-@pytest.mark.xdist_group("window")
 def test_clicks_switch_cells_and_r_restarts(desktop, talq):
     (lit,) = starts(talq, 3, 4)
     middle, edge, corner = (0, 0, 3), (3, 2, 0), (2, 3, 2)
@@ -153,7 +152,6 @@ def test_clicks_switch_cells_and_r_restarts(desktop, talq):
     assert window.exit_code == 0, window.shown()
 
 
-@pytest.mark.xdist_group("window")
 def test_drag_turns_the_cube_and_clicks_nothing(desktop, talq):
     first, second = starts(talq, 3, 4, 4)
     with desktop.start(SCRIPT, 4, 3) as window:
@@ -170,7 +168,6 @@ def test_drag_turns_the_cube_and_clicks_nothing(desktop, talq):
     assert window.exit_code == 0, window.shown()
 
 
-@pytest.mark.xdist_group("window")
 def test_solved_cube_is_celebrated_and_the_next_level_follows(desktop, talq):
     first, second = starts(talq, 9, 1, 2)
     (solution,) = [cell for cell in SEEN if switched_by(cell) == first]

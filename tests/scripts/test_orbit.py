@@ -185,7 +185,6 @@ def states_in_window(desktop):
     return [json.loads(line) for line in window.stdout.splitlines()]
 
 
-@pytest.mark.xdist_group("window")
 def test_orbit_follows_mouse_and_keys(desktop):
     start, dragged, once, clicked, nearer, moved, back, right, down, page, home = states_in_window(desktop)
     assert start[:2] == [30, 20] and start[3:] == [[1, 2, 3], 0]

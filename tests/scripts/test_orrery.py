@@ -13,8 +13,6 @@ from camera import orbit_eye, project
 from desktop import wait_for
 from test_orbit import drag_slowly
 
-pytestmark = pytest.mark.xdist_group("window")
-
 SCRIPT = gallery.EXAMPLES / "orrery.talq"
 START = datetime.date(2000, 1, 1)
 

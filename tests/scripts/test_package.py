@@ -77,20 +77,31 @@ def test_unpacked_program_runs_a_script_from_elsewhere(unpacked, tmp_path):
     assert (run.exit_code, run.stdout) == (0, "é [0, 0, 1]\n"), run.shown()
 
 
-def test_the_same_sources_make_the_same_bytes_in_another_folder(zip_file, tmp_path):
-    """Built anew. GLU, which takes a minute, is taken over."""
-    other = tmp_path / "another-folder"
+def copy_sources(other):
+    """Makes the folder's sources those of the project; those that are so already keep their time."""
     listed = subprocess.run(
         ["git", "ls-files", "-co", "--exclude-standard", "-z"], cwd=ROOT, capture_output=True, check=True
     ).stdout
-    for name in listed.decode().rstrip("\0").split("\0"):
-        if (ROOT / name).is_file():
+    names = {name for name in listed.decode().rstrip("\0").split("\0") if (ROOT / name).is_file()}
+    for path in other.rglob("*"):
+        name = path.relative_to(other).as_posix()
+        if path.is_file() and name.split("/")[0] not in ("build", "dist") and name not in names:
+            path.unlink()
+    for name in names:
+        if not (other / name).exists() or (other / name).read_bytes() != (ROOT / name).read_bytes():
             (other / name).parent.mkdir(parents=True, exist_ok=True)
             (other / name).write_bytes((ROOT / name).read_bytes())
-            (other / name).chmod((ROOT / name).stat().st_mode)
+        (other / name).chmod((ROOT / name).stat().st_mode)
+
+
+def test_the_same_sources_make_the_same_bytes_in_another_folder(zip_file, tmp_path):
+    """What has changed is built there too. GLU, which takes a minute, is taken over."""
+    other = ROOT / "build" / "another-folder" / "talq"
+    copy_sources(other)
     for name in ("glu32", "wine"):
         (other / "build").mkdir(exist_ok=True)
-        (other / "build" / name).symlink_to(ROOT / "build" / name)
+        if not (other / "build" / name).exists():
+            (other / "build" / name).symlink_to(ROOT / "build" / name)
     assert package(other, tmp_path).read_bytes() == zip_file.read_bytes()
 
 

@@ -113,7 +113,6 @@ def test_table_of_the_sun_is_what_its_formula_gives():
             assert value == pytest.approx(math.degrees(math.asin(sine)), abs=0.05001)
 
 
-@pytest.mark.xdist_group("window")
 def test_chart_is_turned_in_a_window_until_escape(desktop, tmp_path):
     (tmp_path / "table.csv").write_text(GOOD)
     red = lambda picture: (picture[:, :, 0] > picture[:, :, 2] + 80).sum()

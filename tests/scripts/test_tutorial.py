@@ -9,7 +9,6 @@ import tutorial
 from comparison import CHANGES, Difference
 
 PAGE = (tutorial.ROOT / "docs" / "tutorial.md").read_text()
-IN_A_WINDOW = pytest.mark.xdist_group("window")
 WINDOW, MOTION, CLICKS = tutorial.WINDOWS
 
 
@@ -74,7 +73,6 @@ def test_comparison_sees(script, change):
     assert not is_shown(change(tutorial.shown_picture(script)), script)
 
 
-@IN_A_WINDOW
 def test_the_window_shows_its_picture_in_any_size_until_it_is_closed(desktop):
     with opened(desktop, WINDOW) as window:
         window.wait_until(lambda picture: is_shown(picture, WINDOW))
@@ -89,7 +87,6 @@ def test_the_window_shows_its_picture_in_any_size_until_it_is_closed(desktop):
     assert_ended_well(window)
 
 
-@IN_A_WINDOW
 def test_the_carousel_turns_until_space_halts_it(desktop):
     with opened(desktop, MOTION) as window:
         first = red_ball(window)
@@ -99,7 +96,6 @@ def test_the_carousel_turns_until_space_halts_it(desktop):
     assert_ended_well(window)
 
 
-@IN_A_WINDOW
 def test_what_a_step_in_motion_shows_beside_the_carousel_is_on_its_picture(desktop):
     for script in (MOTION, CLICKS):
         with opened(desktop, script) as window:
@@ -111,7 +107,6 @@ def test_what_a_step_in_motion_shows_beside_the_carousel_is_on_its_picture(deskt
         assert_ended_well(window)
 
 
-@IN_A_WINDOW
 def test_a_click_chooses_the_ball_that_is_seen_there(desktop):
     with opened(desktop, CLICKS) as window:
         x, y = red_ball(window)

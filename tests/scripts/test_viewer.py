@@ -14,7 +14,6 @@ from test_orbit import drag_slowly
 
 VIEWER = gallery.EXAMPLES / "viewer.talq"
 FIELD = 35  # degrees, from the picture's bottom to its top
-of_windows = pytest.mark.xdist_group("window")
 
 
 class Camera:
@@ -86,7 +85,6 @@ def wait_for_view(window, vertices, camera):
     return window.wait_until(lambda picture: numpy.abs(numpy.subtract(extent(picture), expected)).max() <= 2)
 
 
-@of_windows
 def test_mouse_turns_zooms_and_moves(desktop, bunny):
     vertices, _ = bunny
     camera = Camera(vertices)
@@ -113,7 +111,6 @@ def test_mouse_turns_zooms_and_moves(desktop, bunny):
     assert window.exit_code == 0, window.shown()
 
 
-@of_windows
 @pytest.mark.parametrize("width, height", [(500, 640), (801, 330)])
 def test_another_size_keeps_the_proportions(desktop, bunny, width, height):
     vertices, _ = bunny
@@ -126,7 +123,6 @@ def test_another_size_keeps_the_proportions(desktop, bunny, width, height):
     assert window.exit_code == 0, window.shown()
 
 
-@of_windows
 def test_keys_change_the_looks_and_back(desktop, bunny):
     with desktop.start(VIEWER) as window:
         first = wait_for_view(window, bunny[0], Camera(bunny[0]))
@@ -166,7 +162,6 @@ def places_on_mesh(picture):
     return zip(columns[chosen].tolist(), rows[chosen].tolist())
 
 
-@of_windows
 def test_click_picks_the_triangle_that_is_seen_there(desktop, bunny):
     vertices, corners = bunny
     camera = Camera(vertices)
@@ -197,7 +192,6 @@ v 0 0 0.0005\nv 0.001 0 0.0005\nv 0.001 0.001 0.0005\nv 0 0.001 0.0005
 f 1 2 3 4\nf 5 6 7 8\n"""
 
 
-@of_windows
 def test_places_in_a_small_mesh_have_their_digits(desktop, tmp_path):
     (tmp_path / "small.obj").write_text(PLATES)
     vertices = numpy.array([line.split()[1:] for line in PLATES.splitlines() if line.startswith("v")], dtype=float)
@@ -214,7 +208,6 @@ def test_places_in_a_small_mesh_have_their_digits(desktop, tmp_path):
     assert list(map(float, point.split())) == pytest.approx(place.tolist(), abs=1e-6)
 
 
-@of_windows
 def test_pictures_are_saved_under_new_names(desktop, bunny):
     with desktop.start(VIEWER) as window:
         first = wait_for_view(window, bunny[0], Camera(bunny[0]))
@@ -232,7 +225,6 @@ def test_pictures_are_saved_under_new_names(desktop, bunny):
     assert numpy.array_equal(desktop.saved("out/viewer-2"), second[:, :400])
 
 
-@of_windows
 def test_picture_that_cannot_be_saved_ends_nothing(desktop, bunny):
     (desktop.folder / "out").write_text("a file in the place of the folder")
     with desktop.start(VIEWER) as window:
@@ -256,7 +248,6 @@ def processes_in(folder):
     return inside
 
 
-@of_windows
 @pytest.mark.parametrize("end", ["Escape", "the window's button"])
 def test_nothing_is_left_running(desktop, bunny, end):
     with desktop.start(VIEWER) as window:

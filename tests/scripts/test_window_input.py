@@ -1,10 +1,6 @@
 """Mouse, keys, text and focus of windows, by real input on a display with a window manager."""
 
-import pytest
-
 from recording import is_green, record
-
-pytestmark = pytest.mark.xdist_group("window")
 
 MOUSE = """
   for (i = 0; i < 3; i += 1) {

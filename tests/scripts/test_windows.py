@@ -7,13 +7,12 @@ import subprocess
 import numpy
 import pytest
 
+import conftest
 from desktop import wait_for
 from recording import is_green, record
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 RUN_LIMIT = 300  # seconds, in which ./run may also build what is not up to date
-pytestmark = pytest.mark.xdist_group("window")
-
 # One scene on a memory bitmap and on a window, read back from both, and shown until the window is closed.
 SCENE = """
 param isDoubleBuffered;
@@ -213,8 +212,7 @@ def test_without_a_display_the_hint_says_what_to_do(talq):
     assert "hint: scripts with windows run with ./run --window" in run.stderr
 
 
-def test_run_takes_a_virtual_display_and_ends_with_the_script(tmp_path, display):
-    # Wine is kept running for the other display meanwhile: ./run ends only if it waits for nothing but the script.
+def test_run_takes_a_virtual_display_and_ends_with_the_script(tmp_path):
     (tmp_path / "script.talq").write_text("""
 shortest = 1000;
 for (i = 0; i < 3; i += 1) {
@@ -233,8 +231,13 @@ Print(shortest);
 Fail("on purpose");
 """)
     environment = {name: value for name, value in os.environ.items() if name != "DISPLAY"}
-    with open(tmp_path / "stdout", "wb") as stdout, open(tmp_path / "stderr", "wb") as stderr:
-        command = [ROOT / "run", "--window", "script.talq"]
+    command = [ROOT / "run", "--window", "script.talq"]
+    # Wine is kept running for another display meanwhile: ./run ends only if it waits for nothing but the script.
+    with (
+        conftest.virtual_display("window"),
+        open(tmp_path / "stdout", "wb") as stdout,
+        open(tmp_path / "stderr", "wb") as stderr,
+    ):
         done = subprocess.run(command, cwd=tmp_path, env=environment, stdout=stdout, stderr=stderr, timeout=RUN_LIMIT)
     lines = (tmp_path / "stderr").read_text(encoding="utf-8").splitlines()
     assert done.returncode == 1, lines
