@@ -56,7 +56,7 @@ def dropped_returns(source):
 
 
 # Last statements before which a return would change nothing, or no more than their loss does.
-ENDINGS = {CursorKind.CALL_EXPR, CursorKind.RETURN_STMT}
+ENDINGS = {CursorKind.CALL_EXPR, CursorKind.RETURN_STMT, *CASES}
 
 
 def added_returns(source):

@@ -29,7 +29,8 @@ TEST_F(ArithmeticTest, BytesWrapToEightBitsForEveryPair) {
     const bool divides = operation.compute == Div || operation.compute == Rest;
     EXPECT_EQ(CountWrongPairs([&](int a, int b) {
                 if (divides && b == 0) return true;
-                const Variable result = Apply(operation.compute, Byte(a), Byte(b));
+                Variable result(0);
+                operation.compute(result, Byte(a), Byte(b));
                 return static_cast<bool>(Holds(result, static_cast<unsigned char>(operation.onIntegers(a, b))));
               }),
               0)

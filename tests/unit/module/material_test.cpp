@@ -6,7 +6,6 @@
 #include <string>
 #include <vector>
 
-#include "classes/gl.h"
 #include "tests/unit/support/fixture.h"
 #include "tests/unit/support/host_trace.h"
 
@@ -169,22 +168,6 @@ TEST_F(MaterialTest, SetColorWithASelectorSetsOneFace) {
   Call(material, "SetColor", 0.0F, 0.0F, 0.0F, 0.25F, 0);
   ExpectFaces(material, "Specular", {1, 1, 1, 0.5F}, {0, 0, 0, 0.25F});
   ExpectFaces(material, "Emission", {0, 0, 0, 0.5F}, {0, 0, 0, 0.25F});
-}
-
-std::string SentBy(const OGLMaterialColor& color) {
-  color.Apply();
-  return TakeLog();
-}
-
-TEST_F(MaterialTest, ColorKnowsItsParameterAndFace) {
-  OGLMaterialColor color(GL_DIFFUSE, 1, 2, 3, 4, GL_FRONT);
-  EXPECT_EQ(SentBy(color), "glMaterialfv(GL_FRONT, GL_DIFFUSE, {1, 2, 3, 4})\n");
-  color.Set(GL_EMISSION, 5, 6, 7, 8, GL_BACK);
-  EXPECT_EQ(SentBy(color), "glMaterialfv(GL_BACK, GL_EMISSION, {5, 6, 7, 8})\n");
-  const OGLMaterialColor ofAColor(GL_AMBIENT, OGLColor(9, 10, 11, 12), GL_BACK);
-  EXPECT_EQ(SentBy(ofAColor), "glMaterialfv(GL_BACK, GL_AMBIENT, {9, 10, 11, 12})\n");
-  color = ofAColor;
-  EXPECT_EQ(SentBy(color), SentBy(ofAColor));
 }
 
 // The setters of one component, which differ in nothing but the component.

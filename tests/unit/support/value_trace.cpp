@@ -16,14 +16,18 @@ struct Traced {
 
 std::optional<Traced> traced;
 
+std::string NameOf(const Traced& trace, const Variable* value) {
+  if (!value) return "";
+  const auto name = trace.names.find(value);
+  return (name == trace.names.end() ? "value" : name->second) + ": ";
+}
+
 // Notes a read of the module's own and keeps the host's reads within it out of the log.
 class Note {
  public:
   Note(const Variable* value, const char* read, const std::string& argument) {
     if (HostDepth()++ > 0 || !traced) return;
-    const auto name = traced->names.find(value);
-    const std::string who = !value ? "" : name == traced->names.end() ? "value: " : name->second + ": ";
-    recorder::Get().calls.push_back({who + read, {argument}, {}});
+    recorder::Get().calls.push_back({NameOf(*traced, value) + read, {argument}, {}});
   }
   Note(const Note&) = delete;
   Note& operator=(const Note&) = delete;
