@@ -2,7 +2,7 @@
 
 import re
 
-from clang.cindex import CursorKind
+from clang.cindex import CursorKind, TypeKind
 
 from .syntax import FUNCTIONS, bare, is_reference, operator_of
 
@@ -11,8 +11,9 @@ SYSTEM = re.compile(r"(gl|glu|wgl)[A-Z]\w+|SetPixelFormat|ChoosePixelFormat|Swap
 # Calls that only compute.
 PURE = re.compile(
     "min|max|abs|sqrtf|bit_cast|size|data|Values|Count|Data|Span|Width|Height|Depth|Truncate|Wrapping(Sum|Difference)"
-    r"|At|GetSelectBuffer|GetViewPort|fill|PaddedRow|MaskBytes|FirstWord|AngleOf|TubeAngle|_mm_(?!store)\w+"
+    r"|At|GetSelectBuffer|GetViewPort|PaddedRow|MaskBytes|FirstWord|AngleOf|TubeAngle|_mm_(?!store)\w+"
 )
+REFERENCES = (TypeKind.LVALUEREFERENCE, TypeKind.RVALUEREFERENCE)
 LEAVING = {CursorKind.RETURN_STMT, CursorKind.BREAK_STMT, CursorKind.CONTINUE_STMT}
 ASSIGNING = {CursorKind.COMPOUND_ASSIGNMENT_OPERATOR}
 
@@ -21,7 +22,7 @@ class Effects:
     """What a statement works with: the local variables and the places in memory that it reads and writes."""
 
     def __init__(self, source, statement):
-        self.reads, self.writes = set(), set()
+        self.reads, self.writes, self.objects = set(), set(), set()
         self.calls = self.calls_system = self.leaves = self.reads_memory = self.writes_memory = False
         children = list(statement.get_children())
         values = [list(child.get_children()) for child in children] if statement.kind == CursorKind.DECL_STMT else []
@@ -30,6 +31,8 @@ class Effects:
             return
         for cursor in statement.walk_preorder():
             self.add(source, cursor)
+        if self.calls or self.calls_system:
+            self.writes |= self.objects
 
     def add(self, source, cursor):
         kind = cursor.kind
@@ -49,6 +52,8 @@ class Effects:
         elif kind in (CursorKind.DECL_REF_EXPR, CursorKind.MEMBER_REF_EXPR, CursorKind.ARRAY_SUBSCRIPT_EXPR):
             self.reads.add(place(source, cursor))
             self.reads_memory |= is_memory(cursor)
+            if kind == CursorKind.DECL_REF_EXPR and can_be_changed_by_a_call(cursor):
+                self.objects.add(place(source, cursor))
         elif is_assignment(source, cursor):
             self.assigns(source, cursor)
 
@@ -66,6 +71,14 @@ def is_plain_construction(cursor):
     made = cursor.referenced
     is_constructor = cursor.kind == CursorKind.CALL_EXPR and made and made.kind == CursorKind.CONSTRUCTOR
     return is_constructor and not list(cursor.get_arguments()) and cursor.spelling not in ("VarRegister", "Variable")
+
+
+def can_be_changed_by_a_call(cursor):
+    """Whether the variable's name may hand over more than its value: objects, arrays, references."""
+    kind = cursor.referenced.type.get_canonical() if cursor.referenced else cursor.type.get_canonical()
+    target = kind.get_pointee() if kind.kind in REFERENCES else kind
+    is_value = kind.kind not in (TypeKind.RECORD, TypeKind.CONSTANTARRAY, *REFERENCES)
+    return not is_value and not target.is_const_qualified()
 
 
 def place(source, cursor):

@@ -10,7 +10,7 @@ import re
 from clang.cindex import CursorKind, TypeKind
 
 from .effects import is_declared_for, may_exchange
-from .syntax import FLOATING, FUNCTIONS, WRAPPERS, bare, is_floating, is_reference, operator_of, type_of
+from .syntax import FUNCTIONS, bare, is_floating, operator_of, type_of
 
 LITERALS = {CursorKind.INTEGER_LITERAL, CursorKind.FLOATING_LITERAL, CursorKind.STRING_LITERAL}
 SCALARS = re.compile(r"(unsigned |signed )?(char|short|int|long|long long|float|double)|.*\*")

@@ -1,9 +1,8 @@
 """The syntax tree of a source, as clang makes it, with the text of its parts."""
 
-import functools
 import re
 
-from clang.cindex import Cursor, CursorKind, Index, TranslationUnit, TypeKind
+from clang.cindex import CursorKind, Index, TypeKind
 
 FLOATING = {TypeKind.FLOAT, TypeKind.DOUBLE}
 FUNCTIONS = {
@@ -30,10 +29,10 @@ class Source:
         serious = [str(found) for found in self.unit.diagnostics if found.severity >= 3]
         assert not serious, serious
 
-    def span(self, cursor: Cursor):
+    def span(self, cursor):
         return cursor.extent.start.offset, cursor.extent.end.offset
 
-    def of(self, cursor: Cursor):
+    def of(self, cursor):
         begin, end = self.span(cursor)
         return self.text[begin:end]
 
@@ -57,9 +56,7 @@ class Source:
         """The span of a statement with its semicolon."""
         begin, end = self.span(cursor)
         semicolon = re.compile(r"\s*;").match(self.text, end)
-        if self.text[end - 1] not in ";}" and semicolon:
-            end = semicolon.end()
-        elif self.text[end - 1] == "}" and semicolon:
+        if self.text[end - 1] != ";" and semicolon:
             end = semicolon.end()
         return begin, end
 
