@@ -124,6 +124,16 @@ TEST_F(BitmapsTest, EdgesOfTilesAreSinglePrecision) {
   EXPECT_THAT(log, HasSubstr(Tile(1, 33, x(0), x(768), x(1), x(801), 0)));
 }
 
+TEST_F(BitmapsTest, ColumnsHaveMoreThan16Bits) {
+  Variable renderer = OpenRenderer();
+  const Bytes pixels = Pixels(70000, 1);
+  Call(renderer, "DrawBitmap", 0.0F, 0.0F, 0.0F, NewFakeBitmap(70000, 1, ByteString(pixels)));
+  const auto textures = TexturesOf("glTexSubImage2D");
+  ASSERT_EQ(textures.size(), 274U);
+  EXPECT_EQ(textures[273], Part(RedAndBlueSwapped(pixels), 70000, 69888, 0, 112, 1));
+  TakeLog();
+}
+
 TEST_F(BitmapsTest, TextureStartsBlack) {
   Variable renderer = OpenRenderer();
   Call(renderer, "DrawBitmap", 0.0F, 0.0F, 0.0F, NewFakeBitmap(1, 1, ByteString({9, 9, 9})));

@@ -142,6 +142,24 @@ TEST_F(ContextTest, OpenWhileOpenClosesFirst) {
   ExpectCurrent(0x77, 0x88);
 }
 
+TEST_F(ContextTest, OpenOfAnUnboundRendererClosesFirstToo) {
+  Variable renderer = OpenRenderer();
+  Call(renderer, "FreeMDC");
+  TakeLog();
+  Call(renderer, "Open", Mdc());
+  EXPECT_TRUE(TakeLog().starts_with(Lines({"wglMakeCurrent(null, null)", "wglDeleteContext(0xc001)"})));
+}
+
+TEST_F(ContextTest, OpenKeepsNothingOfAnEarlierOne) {
+  Variable renderer = OpenRenderer();
+  Device().left = 7;
+  Device().bottom = 500;
+  Call(renderer, "OpenBitmap", Mdc());
+  EXPECT_THAT(TakeLog(), HasSubstr("glViewport(7, 100, 400, 400)"));
+  Call(renderer, "BindMDC", Mdc());
+  EXPECT_TRUE(TakeLog().starts_with(Binding("0x3000", kBitmapFlags, "0xc002")));
+}
+
 TEST_F(ContextTest, OpenAfterAFailedOpenStartsAnew) {
   Variable renderer = NewRenderer();
   recorder::Get().answers.createsContexts = false;
@@ -216,6 +234,18 @@ TEST_F(ContextTest, BindWhileBoundRemembersItsOwnContextAsThePrevious) {
   TakeLog();
   Call(renderer, "FreeMDC");
   EXPECT_EQ(TakeLog(), "wglMakeCurrent(0x1000, 0xc001)\n");
+}
+
+TEST_F(ContextTest, BindOfTheSameDeviceAppliesAllAgain) {
+  Variable renderer = NewRenderer();
+  const Variable device = Mdc();
+  Call(renderer, "Open", device);
+  for (int time = 0; time < 2; ++time) {
+    TakeLog();
+    Call(renderer, "BindMDC", device);
+    EXPECT_EQ(TakeLog(),
+              Binding("0x1000", kWindowFlags, "0xc001") + "glViewport(16, 80, 400, 400)\n" + Opening().Projection());
+  }
 }
 
 TEST_F(ContextTest, BindAsksForThePixelFormatOfTheLastOpen) {

@@ -74,6 +74,15 @@ TEST_F(HostOrderTest, WithoutASelectionTheResultIsNotAskedFor) {
   EXPECT_EQ(CallsOf(renderer, "EndSelection", {}), "object: GetAssID()\n");
 }
 
+TEST_F(HostOrderTest, ResultsAreAsLargeAsAskedEvenBelowZero) {
+  Variable renderer = OpenRenderer();
+  Call(renderer, "BeginSelection", 1, 2, 3, 4);
+  recorder::Get().answers.hits = -1;
+  EXPECT_THAT(CallsOf(renderer, "EndSelection", {}), HasSubstr("\nInit(1024, -1)\n"));
+  EXPECT_THAT(CallsOf(renderer, "GetDIBits", {Value(0), Value(0), Value(-4), Value(2)}),
+              HasSubstr("\nInit(" + std::to_string(TVAR_BYTES) + ", -24)\n"));
+}
+
 TEST_F(HostOrderTest, HitRecordsAreWrittenFromFrontToBack) {
   Variable renderer = OpenRenderer();
   Call(renderer, "BeginSelection", 1, 2, 3, 4);

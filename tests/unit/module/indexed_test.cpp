@@ -123,6 +123,13 @@ TEST_F(IndexedTest, ListsMayBeReferences) {
   CallRow(renderer, "TrianglesEx",
           std::vector{Vector({Reference(list)}), Vector({Reference(normalList)}), Integers({1}), Vector(materials)});
   EXPECT_EQ(TakeLog(), kFilled + Run(0, {1}));
+  // Not only the first.
+  Variable second = Numbers(points[1]);
+  Variable secondNormals = Numbers(normals[1]);
+  CallRow(renderer, "TrianglesEx",
+          std::vector{Vector({Numbers({}), Reference(second)}), Vector({Numbers({}), Reference(secondNormals)}),
+                      Integers({0}), Vector(materials)});
+  EXPECT_EQ(TakeLog(), kFilled + Run(1, {0}));
 }
 
 TEST_F(IndexedTest, ListsMayHaveAnyShape) {

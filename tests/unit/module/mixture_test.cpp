@@ -153,11 +153,12 @@ TEST_F(MixtureTest, FramesOfOtherWidthsKeepOpenGLsPadding) {
 
 TEST_F(MixtureTest, OnlyTheBytesInsideTheStringAreBlended) {
   Variable renderer = OpenRenderer();
-  SetFrame(4, 2, Bytes(24, 50));
-  for (std::size_t length = 0; length <= 24; ++length) {
-    const Variable string = ByteString(Bytes(length, 9));
+  SetFrame(4, 2, {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20, 21, 22, 23, 24});
+  const Bytes whole = {15, 14, 13, 18, 17, 16, 21, 20, 19, 24, 23, 22, 3, 2, 1, 6, 5, 4, 9, 8, 7, 12, 11, 10};
+  for (std::ptrdiff_t length = 0; length <= 24; ++length) {
+    const Variable string = ByteString(Bytes(static_cast<std::size_t>(length), 99));
     EXPECT_TRUE(Mix(renderer, 4, 2, string, 0.0F));
-    EXPECT_EQ(BytesOf(string), Bytes(length, 50));
+    EXPECT_EQ(BytesOf(string), Bytes(whole.begin(), whole.begin() + length));
   }
 }
 

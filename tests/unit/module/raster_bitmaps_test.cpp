@@ -166,6 +166,16 @@ TEST_F(RasterBitmapsTest, StringIsCopiedOnlyWhenItIsTooShort) {
   }
 }
 
+// Its rows of 64 KiB are 4 GiB and 64 KiB.
+TEST_F(RasterBitmapsTest, SizeOfAMaskHas64Bits) {
+  Variable renderer = OpenRenderer();
+  const Variable bits = ByteString(Bytes(65536));
+  const FailingAllocation failing(1);
+  Call(renderer, "Put2bBitmap", 0.0F, 0.0F, 0.0F, 524288, 65537, bits);
+  EXPECT_EQ(LastAllocationSize(), (std::size_t{1} << 32) + 65536);
+  EXPECT_EQ(TakeLog(), "");
+}
+
 TEST_F(RasterBitmapsTest, WithoutMemoryForMissingBitsNothingIsDrawn) {
   Variable renderer = OpenRenderer();
   const Variable bits = ByteString(Bytes(12));

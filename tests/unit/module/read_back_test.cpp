@@ -41,7 +41,8 @@ TEST_F(ReadBackTest, RowsOfOtherWidthsKeepOpenGLsPadding) {
     const std::size_t padded = i - i % 3 + (2 - i % 3);  // the byte that the swap brought here
     const std::size_t row = padded / 16;
     const std::size_t column = padded % 16;
-    if (column < 15) EXPECT_EQ(pixels[i], frame[15 * row + column]) << i;
+    // OpenGL does not write the padding, which is zero.
+    EXPECT_EQ(pixels[i], column < 15 ? frame[15 * row + column] : 0) << i;
   }
   EXPECT_EQ(TakeLog(),
             Lines({"glPixelStorei(GL_UNPACK_ALIGNMENT, 1)", "glReadPixels(0, 0, 5, 3, GL_RGB, GL_UNSIGNED_BYTE)"}));
