@@ -75,10 +75,11 @@ version() { sed -n 's/^## \([0-9.]*\).*/\1/p;T;q' "$root/CHANGELOG.md"; }
 # lay_glu FOLDER: lays GLU beside a program for Windows.
 lay_glu() { cmp -s "$build/glu32/glu32.dll" "$build/$1/glu32.dll" || cp "$build/glu32/glu32.dll" "$build/$1/"; }
 
-# Builds a preset for Windows.
+# build_windows [PRESET [TARGET...]]: builds a preset for Windows, or these targets of it.
 build_windows() {
   local preset=${1:-windows-cross}
-  patience=1 step "building TalqOpenGL.dll, Talq.dll and talq.exe ($preset)" "$preset" build_preset "$preset" || return 1
+  patience=1 step "building TalqOpenGL.dll, Talq.dll and talq.exe ($preset)" "$preset" build_preset "$preset" "${@:2}" ||
+    return 1
   lay_glu "$preset"
 }
 
