@@ -19,7 +19,7 @@ MODULE_SOURCES = sorted(
     if path.suffix in (".cpp", ".h")
 )
 # Seconds of processor time, for tests that a mutant makes run for ever; and of waiting, for those that it makes wait.
-TIME_LIMIT, WAITING_LIMIT = 15, 300
+TIME_LIMIT, WAITING_LIMIT = 8, 300
 # A mutant may look odd, and nobody debugs it; a constant function may ask a switch where nobody needs a constant.
 MUTANT_OPTIONS = ["-w", "-g0", "-Wno-invalid-constexpr", "-ferror-limit=0"]
 CHOICE = """
@@ -32,12 +32,9 @@ extern "C" bool IsMutant(int number) noexcept {
 TEST_OPTIONS = ["--gtest_brief=1", "--gtest_fail_fast"]
 # gold takes half of the time of the other linker.
 LINK_OPTIONS = ["-fuse-ld=gold", "-Wl,--strip-debug"]
-# Tests that take long, by the folder that they are for. Those of the development host or of the tests are for none.
-SLOW_TESTS = {
-    "image": "PixelLoopsTest*:*EveryPairOfBytes*",
-    "value": "ArithmeticTest*:BitsTest*",
-    "": "Devhost*:Script*:Leftovers*",
-}
+# Tests that take long, and those of the development host and of the tests themselves, which are not asked.
+SLOW_TESTS = "PixelLoopsTest*:*EveryPairOfBytes*:ArithmeticTest*:BitsTest*"
+NO_TESTS = "Devhost*:Script*:Leftovers*"
 SANITIZERS = "allocator_may_return_null=1:hard_rss_limit_mb=4000:detect_leaks=1:symbolize=0"
 
 
@@ -111,16 +108,19 @@ class Workshop:
             mutant = pathlib.Path(folder, source)
             mutant.parent.mkdir(parents=True)
             mutant.write_text(text)
-            link = list(self.link)
+            users = self.users[source]
+            objects = [f"{folder}/{number}.o" for number in range(len(users))]
             commands = []
-            for number, name in enumerate(self.users[source]):
+            for name, object_file in zip(users, objects):
                 compiler, *options, path = self.compile[name]
                 if os.path.relpath(path, ROOT) == source:
                     path = mutant
-                object_file = f"{folder}/{number}.o"
-                options[options.index("-o") + 1] = link[link.index(name)] = object_file
+                options[options.index("-o") + 1] = object_file
                 commands.append([compiler, f"-I{folder}", *options, *MUTANT_OPTIONS, path])
             tests = f"{folder}/unit_tests"
+            # They come first, so that their inline functions are taken everywhere.
+            linker, *rest = [part for part in self.link if part not in users]
+            link = [linker, *objects, *rest]
             link[link.index("-o") + 1] = tests
             for command in [*commands, link]:
                 done = run(command)
@@ -130,14 +130,13 @@ class Workshop:
             yield tests, "", mutant
 
     def notices(self, tests, source, number=0):
-        """Whether the unit tests notice the chosen mutant of the source: first its own and those that
-        noticed another one of it, then the others."""
+        """Whether the unit tests notice the chosen mutant of the source: first its own and those that noticed another
+        one of it, then the others, the slow ones last."""
         environment = {**os.environ, "ASAN_OPTIONS": SANITIZERS, "UBSAN_OPTIONS": "symbolize=0"}
         environment |= {"TEST_TMPDIR": os.path.dirname(tests), "MUTANT": str(number)}
-        folder = source.split("/")[0]
-        slow = ":".join(text for name, text in SLOW_TESTS.items() if name != folder)
-        first = ":".join(f"*{suite}.*" for suite in sorted(self.suites[source]))
-        for chosen in [f"{first}-{slow}", f"-{first}:{slow}"] if first else [f"-{slow}"]:
+        first = ":".join(f"*{suite}.*" for suite in sorted(self.suites[source])) or "none"
+        later = f"{SLOW_TESTS}:{NO_TESTS}"
+        for chosen in (f"{first}-{NO_TESTS}", f"-{first}:{later}", f"{SLOW_TESTS}-{first}"):
             command = ["prlimit", f"--cpu={TIME_LIMIT}", tests, *TEST_OPTIONS, f"--gtest_filter={chosen}"]
             try:
                 done = run(command, env=environment, timeout=WAITING_LIMIT)
