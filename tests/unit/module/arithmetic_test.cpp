@@ -79,6 +79,11 @@ TEST_F(ArithmeticTest, IntegersDivideTowardsZero) {
   EXPECT_TRUE(Holds(Apply(Rest, Variable(-7LL), Variable(-2LL)), -1LL));
 }
 
+TEST_F(ArithmeticTest, OthersByMinusOneAreTheirNegatives) {
+  EXPECT_TRUE(Holds(Apply(Div, Variable(7), Variable(-1)), -7));
+  EXPECT_TRUE(Holds(Apply(Div, Variable(-7LL), Variable(-1LL)), 7LL));
+}
+
 TEST_F(ArithmeticTest, SmallestIntegerByMinusOneIsItself) {
   EXPECT_TRUE(Holds(Apply(Div, Variable(INT_MIN), Variable(-1)), INT_MIN));
   EXPECT_TRUE(Holds(Apply(Div, Variable(LLONG_MIN), Variable(-1LL)), LLONG_MIN));
