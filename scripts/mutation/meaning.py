@@ -4,7 +4,7 @@ Each operator takes a source and yields (begin, end, new text). What is known to
 rules for it stand in docs/mutants.md, each with its name.
 """
 
-import collections
+import math
 import re
 
 from clang.cindex import CursorKind, TypeKind
@@ -12,7 +12,6 @@ from clang.cindex import CursorKind, TypeKind
 from .effects import is_declared_for, may_exchange
 from .syntax import FUNCTIONS, bare, is_floating, operator_of, type_of
 
-LITERALS = {CursorKind.INTEGER_LITERAL, CursorKind.FLOATING_LITERAL, CursorKind.STRING_LITERAL}
 SCALARS = re.compile(r"(unsigned |signed )?(char|short|int|long|long long|float|double)|.*\*")
 
 
@@ -194,7 +193,6 @@ def other_associations(source):
     for cursor, operator, left, right, _ in terms(source):
         inner = bare(left)
         floating = is_floating(cursor)
-        b_end = source.span(right)
         if inner.kind == CursorKind.BINARY_OPERATOR:
             inner_operator, a, b = operator_of(source, inner)
             regrouped = REGROUPED.get(inner_operator + operator)
@@ -221,8 +219,7 @@ REGROUPED = {
 
 
 def is_power_of_two(literal):
-    number = abs(float(literal.rstrip("F")))
-    return number.hex().lstrip("0x1.").startswith("0p") or number.hex().startswith("0x1.0000000000000p")
+    return math.frexp(abs(float(literal.rstrip("F"))))[0] == 0.5
 
 
 def other_precisions(source):
@@ -303,7 +300,7 @@ OPERATORS = {
 
 def changes(source):
     """All changes of meaning: (begin, end, new text), each with the name of its operator."""
-    found = collections.OrderedDict()
+    found = {}
     for name, operator in OPERATORS.items():
         for change in operator(source):
             found.setdefault(change, name)

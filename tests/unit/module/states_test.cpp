@@ -1,10 +1,8 @@
 // In which states of the renderer every method reaches OpenGL.
-#include <algorithm>
 #include <set>
 #include <string>
 #include <vector>
 
-#include "binding/errors.h"
 #include "devhost/runtime/signature.h"
 #include "module/exports.h"
 #include "tests/unit/support/renderer_states.h"
